@@ -1,0 +1,160 @@
+// One profile in memory.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "kmExport.h"
+#include "kmProfileItem.h"
+#include "kmTypes.h"
+
+class XMLNode;
+
+// The header and the settings of one encoding profile, the settings in file order. Owned by whoever creates
+// it; owns its items by value; one thread at a time; failures are results, never exceptions. Items are found
+// by their exact ID; a null ID finds none.
+class KM_EXPORT kmProfile {
+public:
+    kmProfile() = default;
+    kmProfile(const kmProfile& other) = default;
+    kmProfile& operator=(const kmProfile& other) = default;
+    virtual ~kmProfile();
+
+    // Like assignment, but the changed flag is cleared. Copying a profile from itself changes nothing.
+    void CopyFrom(const kmProfile& other);
+
+    // The ID: the name of the profile's file without ".pf". Loading reads the file of this ID and never
+    // changes it.
+    kmString GetID() const { return m_id; }
+    void SetID(const kmString& id) { m_id = id; }
+
+    // Short name, output container format, output file extension.
+    kmString GetSName() const { return m_sName; }
+    void SetSName(const kmString& name) { m_sName = name; }
+    kmString GetFormat() const { return m_format; }
+    void SetFormat(const kmString& format) { m_format = format; }
+    kmString GetExtName() const { return m_extName; }
+    void SetExtName(const kmString& extName) { m_extName = extName; }
+
+    // Whether the file marks the profile as one of the system's, which are never overwritten.
+    bool IsSystem() const { return m_isSystem; }
+
+    // Set when a setting is changed below; loading leaves it alone.
+    bool GetChangedFlag() const { return m_changedFlag; }
+    void SetChangedFlag(bool changed) { m_changedFlag = changed; }
+
+    // The settings themselves. References into the list live until it changes size, which a load does.
+    std::vector<kmProfileItem>& GetProfileItems() { return m_items; }
+    const std::vector<kmProfileItem>& GetProfileItems() const { return m_items; }
+
+    // The first item of that ID, or null. Valid as long as references into the list are.
+    kmProfileItem* GetProfileItem(const kmChar* id);
+    const kmProfileItem* GetProfileItem(const kmChar* id) const;
+    bool ItemExist(const kmString& id) const;
+
+    // Reads the file of the current ID from `folder`, else from its "user" subfolder; an empty `folder` means
+    // the default one, "Profiles" beside the running executable. Header fields that the file lacks keep their
+    // values, items without a value take the option's default. After false the items are gone and the header
+    // is as before.
+    bool Load(const kmString& folder);
+
+    // Load from the default folder.
+    bool Reload();
+
+    // The value of a setting; empty when the profile lacks it.
+    kmString GetItemValue(const kmChar* id) const;
+
+    // Replaces the value and sets the changed flag. False, with nothing changed, without such an item or for
+    // a null value. The value is not checked (kmProfileItem::Check does that).
+    bool SetItemValue(const kmChar* id, const kmChar* value);
+
+    // The value as a position in the item's simple candidates (kmProfileItem::GetSimpleItemIndex); -1 without
+    // such an item.
+    int GetSimpleItemValue(const kmChar* id) const;
+
+    // Sets the value by its position. False without such an item; a position out of range gives false too,
+    // but the changed flag is then set all the same.
+    bool SetSimpleItemValue(const kmChar* id, int index);
+
+    // Copies of the items that have a simple name, in the profile's order.
+    std::vector<kmProfileItem> GetSimpleItems() const;
+
+    PROFILE_TYPE GetType() const;
+
+    // The output frame size in pixels; 0 x 0 with true stands for the source's size ("Auto"). False with 0 x
+    // 0 when the size cannot be read, false with the arguments untouched when the profile has no size.
+    bool GetSize(std::int32_t& width, std::int32_t& height) const;
+
+    // The zoom mode's number; 0 when there is none. Its meaning is the application's.
+    int GetZoom() const;
+
+    // Width divided by height; 0.0 for the source's.
+    double GetAspectratio() const;
+
+    // Where the conversion starts and how long it lasts, in microseconds; a duration of 0 means the whole
+    // input.
+    std::int64_t GetStartTime() const;
+    std::int64_t GetDuration() const;
+
+    // The options for the encoder's command line, in the profile's order, each followed by a space. Start,
+    // duration, frame size, frame rate, picture interval and zoom are held back; without `withAudio` audio
+    // options are left out. Lowers a bit rate that MP3 does not allow ("ab") and sets the sample rate that
+    // WMA needs at 320 kbit/s ("ar") in the profile first, which also sets the changed flag.
+    kmString GetAvcString(bool withAudio);
+
+    // Estimates of the output's size in bytes. Durations in microseconds, sizes in pixels, the source's bit
+    // rates in bit/s; settings that are missing or no numbers count as 0.
+
+    // From the profile's own settings; pictures when the profile makes pictures.
+    std::int64_t CalcOutputFileSize(std::int64_t duration, bool withAudio, int sourceWidth,
+                                    int sourceHeight) const;
+
+    // With the source's bit rates where the profile has none. `streams`: 1 counts video, 2 audio.
+    std::int64_t CalcAVOutputFileSize(std::int64_t duration, int sourceAudioBitrate, int sourceVideoBitrate,
+                                      int streams) const;
+
+    // Pictures; 0 for a profile that makes none. The duration is not used.
+    std::int64_t CalcImageOutputFileSize(std::int64_t duration, int sourceWidth, int sourceHeight) const;
+
+    // Video alone; without a bit rate the middle one of its advanced candidates counts.
+    std::int64_t CalcP2VOutputFileSize(std::int64_t duration) const;
+
+    // The frame size in pixels that the codec accepts: the nearest of five for "h263", 0 x 0 for a null or
+    // empty codec; for any other the results are left as they were.
+    void GetOutSizeForSpecialVcodec(int width, int height, int& outWidth, int& outHeight,
+                                    const kmChar* codec) const;
+
+protected:
+    // Fills one item from its element.
+    void GetValueFromFile(kmProfileItem& item, const XMLNode& element);
+
+private:
+    const kmString& ValueOf(const kmChar* id) const;
+    bool IsValue(const kmChar* id, const kmChar* value) const;
+    std::int32_t IntegerOf(const kmChar* id) const;
+
+    struct ItemFields;
+
+    XMLNode OpenFile();
+    void ReadHeader(const XMLNode& main);
+    void ReadItems(const XMLNode& parameter);
+
+    void LimitMP3Bitrate();
+    void CorrectWMASampleRate();
+    void AppendOptions(kmString& options, bool withAudio) const;
+
+    bool CountsStream(const kmChar* disablingItem) const;
+    double AudioBytes(double seconds, std::int32_t compressedBitrate) const;
+    std::int64_t PictureBytes(int sourceWidth, int sourceHeight) const;
+
+    kmString m_id;
+    std::vector<kmProfileItem> m_items;
+    kmString m_name;
+    kmString m_desc;
+    kmString m_sName;
+    kmString m_format;
+    kmString m_extName;
+    bool m_isSystem = false;
+    kmString m_folder;
+    bool m_changedFlag = false;
+};

@@ -1,0 +1,35 @@
+// Texts compared as the library's home system compares them: only the ASCII letters have case.
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "kmTypes.h"
+
+using kmStringView = std::basic_string_view<kmChar>;
+
+constexpr kmChar FoldLower(kmChar c) {
+    return c >= KM_TEXT('A') && c <= KM_TEXT('Z') ? static_cast<kmChar>(c + 32) : c;
+}
+
+constexpr kmChar FoldUpper(kmChar c) {
+    return c >= KM_TEXT('a') && c <= KM_TEXT('z') ? static_cast<kmChar>(c - 32) : c;
+}
+
+constexpr bool EqualNoCase(kmStringView a, kmStringView b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (a[i] != b[i] && FoldLower(a[i]) != FoldLower(b[i])) return false;
+    }
+    return true;
+}
+
+// The order of folder listings: letters folded to upper case, unit by unit; names that differ in
+// case alone stand in exact order.
+constexpr bool NameLess(kmStringView a, kmStringView b) {
+    const std::size_t shorter = a.size() < b.size() ? a.size() : b.size();
+    for (std::size_t i = 0; i < shorter; ++i) {
+        if (FoldUpper(a[i]) != FoldUpper(b[i])) return FoldUpper(a[i]) < FoldUpper(b[i]);
+    }
+    return a.size() != b.size() ? a.size() < b.size() : a < b;
+}

@@ -1,0 +1,94 @@
+// A handle to an element of an XML tree, and the operations that read, change and write such trees.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "platform/Ascii.h"
+#include "xml/Errors.h"
+
+class Document;
+struct Element;
+
+// Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
+// long as any handle to any of its elements. Every operation works on the empty node too: queries answer 0,
+// null or the empty node, changes do nothing. Names are compared without regard to ASCII case; a null name
+// equals none. Texts that a query returns live as long as the tree. One tree belongs to one thread at a time.
+class XMLNode {
+public:
+    XMLNode() noexcept = default;
+    XMLNode(const XMLNode& other) noexcept;
+    XMLNode(XMLNode&& other) noexcept;
+    XMLNode& operator=(const XMLNode& other) noexcept;
+    XMLNode& operator=(XMLNode&& other) noexcept;
+    ~XMLNode();
+
+    // Reads a file whose first element must be `firstTag`, looked for inside the declarations at its head; a
+    // null or empty `firstTag` takes what there is. The empty node after an error; the message about an error
+    // or a warning goes to the message handler, by default to standard output.
+    static XMLNode OpenDocument(const kmChar* path, const kmChar* firstTag);
+
+    // The same without the message; `result`, when not null, tells what happened.
+    static XMLNode ParseDocumentFile(const kmChar* path, const kmChar* firstTag,
+                                     XMLParseResult* result = nullptr);
+
+    // The same for a text in memory, which is copied.
+    static XMLNode ParseDocumentText(const kmChar* text, const kmChar* firstTag,
+                                     XMLParseResult* result = nullptr);
+
+    // The text of an error code, constant; "Unknown" for a number that is none.
+    static const kmChar* GetErrorText(XMLErrorCode code);
+
+    // A new tree of one element.
+    static XMLNode CreateRoot(const kmChar* name, bool isDeclaration);
+
+    bool IsEmpty() const { return m_element == nullptr; }
+    const kmChar* GetName() const;  // null also for the nameless node around a whole file
+    bool IsDeclaration() const;
+
+    int CountChildren() const;
+    int CountChildren(const kmChar* name) const;
+    XMLNode ChildAt(int index) const;
+
+    // The first child of that name from index *position on (from 0 without `position`). When one is found,
+    // *position becomes its index plus 1, so that repeated calls walk all of them.
+    XMLNode FindChild(const kmChar* name, int* position = nullptr) const;
+
+    const kmChar* TextAt(int index) const;
+
+    // The value of the first attribute of that name, walked like FindChild; null also when it has no value.
+    const kmChar* FindAttribute(const kmChar* name, int* position = nullptr) const;
+
+    // All attributes in their order, duplicates included, for callers that look at each once. The views end
+    // in front of a null unit; a view of null stands for a missing value, or an index out of range.
+    int CountAttributes() const;
+    kmStringView AttributeNameAt(int index) const;
+    kmStringView AttributeValueAt(int index) const;
+
+    // Texts given to the changes below are copied. A null value means an attribute without a value.
+    XMLNode AppendChild(const kmChar* name, bool isDeclaration);
+    void AppendAttribute(const kmChar* name, const kmChar* value);
+
+    // Sets the first attribute called `oldName`, and renames it when `newName` is not null. Without such an
+    // attribute appends one, called `newName`, or else `oldName`.
+    void SetAttribute(const kmChar* value, const kmChar* newName, const kmChar* oldName);
+
+    // The same for the attribute at `index`; out of range it appends, given a `newName`, or does nothing.
+    void SetAttributeAt(const kmChar* value, const kmChar* newName, int index);
+
+    void RemoveAttribute(const kmChar* name);
+
+    // Replaces the text at `index`, or appends a text when there are fewer. A null value changes nothing.
+    void SetText(const kmChar* value, int index);
+
+private:
+    // Takes over a reference that the caller holds.
+    XMLNode(Document* document, Element* element) noexcept : m_document(document), m_element(element) {}
+    XMLNode Handle(Element* element) const;
+    static XMLNode FindFirstTag(XMLNode node, const kmChar* firstTag);
+    static XMLNode ParseOwned(XMLNode document, kmChar* text, const kmChar* firstTag, XMLParseResult& result);
+
+    Document* m_document = nullptr;
+    Element* m_element = nullptr;
+};
