@@ -61,6 +61,21 @@ public:
     // Load from the default folder.
     bool Reload();
 
+    // Stores the profile as user profile `newID`; the object itself does not change. A system profile's copy
+    // goes into the "user" subfolder of its folder, a user profile into the folder that it was loaded from.
+    // Only with `overwrite` is another user profile replaced; a user profile's own file always is. The old
+    // file stays whole until the new one is. The catalogue, its callbacks and the icons are told before the
+    // call returns.
+    //   PROFILE_ERROR_SYSTEM, PROFILE_ERROR_EXIST   refused before any file was touched
+    //   PROFILE_ERROR_FILE                          never loaded, an ID that cannot name a file, or the disk
+    //   failed;
+    //                                               nobody was told
+    PROFILE_EERROR Save(const kmString& newID, bool overwrite);
+
+    // Gives the file of a user profile, and this object, a new ID. The file is never put in the place of
+    // another. Results as for Save; PROFILE_ERROR_EXIST also for the own ID.
+    PROFILE_EERROR ReName(const kmString& newID);
+
     // The value of a setting; empty when the profile lacks it.
     kmString GetItemValue(const kmChar* id) const;
 
@@ -128,6 +143,16 @@ protected:
     // Fills one item from its element.
     void GetValueFromFile(kmProfileItem& item, const XMLNode& element);
 
+    // Writes the fields of one item into its element.
+    void SetValueToFile(kmProfileItem& item, XMLNode& element);
+
+    // Sets the attribute `name`, or removes it for what counts as empty: an empty text, 0, false, an empty
+    // list.
+    static void SetProfileItemValue(XMLNode& element, const kmString& value, const kmChar* name);
+    static void SetProfileItemValue(XMLNode& element, int value, const kmChar* name);
+    static void SetProfileItemValue(XMLNode& element, bool value, const kmChar* name);
+    static void SetProfileItemValue(XMLNode& element, std::vector<kmString>& value, const kmChar* name);
+
 private:
     const kmString& ValueOf(const kmChar* id) const;
     bool IsValue(const kmChar* id, const kmChar* value) const;
@@ -138,6 +163,10 @@ private:
     XMLNode OpenFile();
     void ReadHeader(const XMLNode& main);
     void ReadItems(const XMLNode& parameter);
+
+    PROFILE_EERROR FindSaveRefusal(const kmString& newID, bool overwrite) const;
+    XMLNode BuildDocument(const kmString& newID);
+    bool StoreRenamed(const kmString& path, const kmString& newID) const;
 
     void LimitMP3Bitrate();
     void CorrectWMASampleRate();

@@ -14,7 +14,7 @@ struct kmProfile::ItemFields {
     using List = std::vector<kmString> kmProfileItem::*;
 
     struct Row {
-        kmStringView name;
+        kmStringView name;  // null-terminated
         std::variant<Text, Number, Flag, List> field;
     };
 

@@ -82,6 +82,15 @@ public:
     // Replaces the text at `index`, or appends a text when there are fewer. A null value changes nothing.
     void SetText(const kmChar* value, int index);
 
+    // The node and everything below it as text, null-terminated; with `formatted` one line a tag and a text,
+    // indented by tabs. `length`, when not null, receives the number of units. Null and 0 for the empty node.
+    std::unique_ptr<kmChar[]> ToText(bool formatted, std::size_t* length = nullptr) const;
+
+    // Writes the same to a file, as UTF-16 with a byte-order mark and a declaration; `encoding` changes
+    // nothing. The file is replaced in one step: after XML_ERROR_OPEN_FOR_WRITING or XML_ERROR_WRITE an old
+    // one is still there, whole. The empty node writes nothing and succeeds.
+    [[nodiscard]] XMLErrorCode SaveToFile(const kmChar* path, const kmChar* encoding, bool formatted) const;
+
 private:
     // Takes over a reference that the caller holds.
     XMLNode(Document* document, Element* element) noexcept : m_document(document), m_element(element) {}

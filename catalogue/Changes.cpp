@@ -1,0 +1,123 @@
+// What happens to profiles after a load, and who is told of it.
+#include <algorithm>
+
+#include "kmManager.h"
+#include "platform/Files.h"
+#include "text/Folders.h"
+#include "text/ProfileNames.h"
+#include "text/kmCTString.h"
+
+namespace {
+
+constexpr std::size_t kMostRecent = 10;
+
+bool IsNullOrEmpty(const kmChar* id) { return id == nullptr || *id == 0; }
+
+void EraseFirst(std::vector<kmString>& ids, const kmString& id) {
+    const auto found = std::find(ids.begin(), ids.end(), id);
+    if (found != ids.end()) ids.erase(found);
+}
+
+}  // namespace
+
+std::vector<kmProfileInfo>::const_iterator kmManager::FindRecord(const kmChar* id) const {
+    const kmStringView wanted = id;
+    return std::find_if(m_profiles.begin(), m_profiles.end(),
+                        [wanted](const kmProfileInfo& info) { return EqualNoCase(info.m_id, wanted); });
+}
+
+kmProfileInfo* kmManager::GetProfileInfo(const kmChar* id) {
+    if (IsNullOrEmpty(id)) return nullptr;
+    const auto record = FindRecord(id);
+    return record == m_profiles.end() ? nullptr
+                                      : &m_profiles[static_cast<std::size_t>(record - m_profiles.begin())];
+}
+
+bool kmManager::ProfileExist(const kmChar* id) const {
+    return !IsNullOrEmpty(id) && FindRecord(id) != m_profiles.end();
+}
+
+bool kmManager::IsSysName(const kmString& name) const {
+    const kmStringView wanted = name.c_str();
+    const auto isShownAs = [wanted](const kmProfileInfo& info) {
+        return info.m_isSystem && EqualNoCase(TrimLeftView(info.m_name, KM_TEXT('^')), wanted);
+    };
+    if (std::any_of(m_profiles.begin(), m_profiles.end(), isShownAs)) return true;
+    const auto record = FindRecord(name.c_str());
+    return record != m_profiles.end() && record->m_isSystem;
+}
+
+bool kmManager::AddRecentProfile(const kmChar* id) {
+    if (IsNullOrEmpty(id)) return false;
+    std::vector<kmString>& recent = m_recentGroup.m_profileIDs;
+    if (std::find(recent.begin(), recent.end(), id) != recent.end()) return true;
+    recent.emplace(recent.begin(), id);
+    if (recent.size() > kMostRecent) recent.resize(kMostRecent);
+    NotifyChanged(PROFILE_RECENT_ADDED, id, nullptr);
+    return true;
+}
+
+bool kmManager::AddUserProfile(const kmChar* id) {
+    if (IsNullOrEmpty(id)) return false;
+    if (!m_profilesFolder.empty())
+        AddProfileInfo(ProfilePath({}, id), m_profilesFolder, /*skipSystem=*/false);
+    return true;
+}
+
+bool kmManager::DeleteProfile(const kmString& id) {
+    const auto record = FindRecord(id.c_str());
+    if (record == m_profiles.end() || record->m_isSystem) return false;
+    const kmString deleted = id.c_str();  // a copy: `id` may stand in a list that changes here
+    if (!RemoveFile(ProfilePath(GetUserFolder(m_profilesFolder.c_str()), deleted).c_str())) return false;
+    m_profiles.erase(record);
+    EraseFirst(m_userGroup.m_profileIDs, deleted);
+    NotifyChanged(PROFILE_DELETED, deleted.c_str(), nullptr);
+    return true;
+}
+
+void kmManager::ProfileChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID) {
+    NotifyChanged(type, firstID, secondID);
+}
+
+void kmManager::NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID) {
+    if (type != PROFILE_RECENT_ADDED && firstID != nullptr) {
+        const kmString id = firstID;  // copies: the texts may stand in lists that change here
+        if (type == PROFILE_SAVED) {
+            const auto record = FindRecord(firstID);
+            if (record != m_profiles.end()) m_profiles.erase(record);
+        }
+        if (type == PROFILE_RENAMED && secondID != nullptr) ForgetRenamed(id, secondID);
+        ReRead(id);
+    }
+    CallCallbacks(type, firstID, secondID);
+}
+
+void kmManager::ForgetRenamed(const kmString& newID, const kmString& oldID) {
+    const auto record = FindRecord(oldID.c_str());
+    if (record != m_profiles.end()) {
+        m_profiles.erase(record);
+        EraseFirst(m_userGroup.m_profileIDs, oldID);
+    }
+    std::vector<kmString>& recent = m_recentGroup.m_profileIDs;
+    const auto entry = std::find(recent.begin(), recent.end(), oldID);
+    if (entry != recent.end()) *entry = newID;
+}
+
+// Before the first load there is no folder to read from.
+void kmManager::ReRead(const kmString& id) {
+    if (m_profilesFolder.empty()) return;
+    AddProfileInfo(ProfilePath({}, id), GetUserFolder(m_profilesFolder.c_str()), /*skipSystem=*/false);
+}
+
+void kmManager::RegisterChangedCallback(ProfileChangedCallback callback, void* userData) {
+    m_callbacks.push_back({callback, userData});
+}
+
+void kmManager::CallCallbacks(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID) {
+    // A callback may register others, which moves the list and whose turn comes with the next change.
+    const std::size_t count = m_callbacks.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const Callback callback = m_callbacks[i];
+        if (callback.function != nullptr) callback.function(type, firstID, secondID, callback.userData);
+    }
+}

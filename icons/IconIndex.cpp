@@ -1,0 +1,102 @@
+#include "kmIconParser.h"
+#include "text/Folders.h"
+#include "text/Numbers.h"
+#include "xml/XMLNode.h"
+
+namespace {
+
+constexpr const kmChar* kDefault = KM_TEXT("default");
+
+void ReadFlag(const XMLNode& element, bool& flag) {
+    const kmChar* value = element.FindAttribute(KM_TEXT("SingleFile"));
+    if (value != nullptr) flag = EqualNoCase(value, KM_TEXT("yes"));
+}
+
+void ReadSize(const XMLNode& element, const kmChar* name, std::int32_t& size) {
+    const kmChar* value = element.FindAttribute(name);
+    if (value != nullptr) size = ReadInteger(value, 0);
+}
+
+void ReadColor(const XMLNode& element, kmString& color) {
+    const kmChar* value = element.FindAttribute(KM_TEXT("transclr"));
+    if (value != nullptr) color = value;
+}
+
+template <class Add>
+void ForEachIcon(const XMLNode& element, Add add) {
+    for (int i = 0; i < element.CountChildren(); ++i) {
+        const XMLNode icon = element.ChildAt(i);
+        const kmChar* index = icon.FindAttribute(KM_TEXT("index"));
+        add(icon.FindAttribute(KM_TEXT("id")), icon.FindAttribute(KM_TEXT("image")),
+            index == nullptr ? 0 : ReadInteger(index, 0));
+    }
+}
+
+}  // namespace
+
+kmIconParser::kmIconParser() = default;
+kmIconParser::~kmIconParser() = default;
+
+kmIconParser& kmIconParser::GetInstance() { return m_signleInstance; }
+
+void kmIconParser::InitParser(const kmChar* folder) {
+    m_groupIcons.clear();
+    m_profileIcons.clear();
+    if (folder == nullptr || *folder == 0) return;
+    m_profilesFolder = folder;
+    NormalizeFolder(m_profilesFolder);
+
+    const auto addTo = [this](bool group) {
+        return [this, group](const kmChar* id, const kmChar* image, std::int32_t index) {
+            AddItem(id, image, index, group);
+        };
+    };
+    const kmString indexFile = m_profilesFolder + KM_TEXT("pficon.con");
+    const XMLNode items = XMLNode::OpenDocument(indexFile.c_str(), KM_TEXT("items"));
+    if (items.IsEmpty()) return;
+    const XMLNode groups = items.FindChild(KM_TEXT("groups"));
+    ReadFlag(groups, m_groupSingleImage);
+    ReadSize(groups, KM_TEXT("width"), m_groupIconWidth);
+    ReadSize(groups, KM_TEXT("height"), m_groupIconHeight);
+    ReadColor(groups, m_groupTransColor);
+    ForEachIcon(groups, addTo(true));
+
+    const XMLNode profiles = items.FindChild(KM_TEXT("profiles"));
+    ReadFlag(profiles, m_profileSingleImage);
+    ReadSize(profiles, KM_TEXT("width"), m_profileIconWidth);
+    ReadSize(profiles, KM_TEXT("height"), m_profileIconHeight);
+    ReadColor(profiles, m_profileTransColor);
+    ForEachIcon(profiles, addTo(false));
+
+    const XMLNode userItems = XMLNode::OpenDocument(GetUserProfileIconfile().c_str(), KM_TEXT("items"));
+    ForEachIcon(userItems.FindChild(KM_TEXT("user_pf")), addTo(false));
+}
+
+void kmIconParser::AddItem(const kmChar* id, const kmChar* image, std::int32_t index, bool group) {
+    if (id == nullptr || *id == 0 || image == nullptr) return;
+    (group ? m_groupIcons : m_profileIcons)[id] = Icon(image, index);
+}
+
+const kmIconParser::Icon* kmIconParser::FindIcon(const kmChar* id, bool group) const {
+    const Table& table = group ? m_groupIcons : m_profileIcons;
+    auto found = table.find(id == nullptr || *id == 0 ? kDefault : id);
+    if (found == table.end()) found = table.find(kDefault);
+    return found == table.end() ? nullptr : &found->second;
+}
+
+std::int32_t kmIconParser::GetIconIndex(const kmChar* id, bool group) const {
+    const Icon* icon = FindIcon(id, group);
+    return icon == nullptr ? -1 : icon->second;
+}
+
+kmString kmIconParser::GetImageFileName(const kmChar* id, bool group) const {
+    const Icon* icon = FindIcon(id, group);
+    return icon == nullptr ? kmString() : icon->first;
+}
+
+void kmIconParser::GetIconInfo(std::int32_t& width, std::int32_t& height, kmString& transparentColor,
+                               bool group) const {
+    width = group ? m_groupIconWidth : m_profileIconWidth;
+    height = group ? m_groupIconHeight : m_profileIconHeight;
+    transparentColor = group ? m_groupTransColor : m_profileTransColor;
+}

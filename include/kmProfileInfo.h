@@ -1,0 +1,44 @@
+// What the catalogue knows of one profile file.
+#pragma once
+
+#include "kmExport.h"
+#include "kmTypes.h"
+
+// One record of the catalogue; owns its texts. While it describes a system profile, the setters of texts do
+// nothing; assignment and SetIsSystem always work.
+class KM_EXPORT kmProfileInfo {
+public:
+    kmProfileInfo() = default;
+    kmProfileInfo(const kmProfileInfo& other) = default;
+    kmProfileInfo(kmProfileInfo&& other) noexcept = default;
+    const kmProfileInfo& operator=(const kmProfileInfo& other);
+    kmProfileInfo& operator=(kmProfileInfo&& other) noexcept = default;
+    virtual ~kmProfileInfo();
+
+    // The profile's file name without ".pf".
+    kmString GetID() const { return m_id; }
+
+    // Name and description as users see them: those of a system profile without leading "^".
+    kmString GetName() const;
+    kmString GetDesc() const;
+
+    // The output file extension.
+    kmString GetExtname() const { return m_extName; }
+
+    bool IsSystem() const { return m_isSystem; }
+
+    void SetID(const kmString& id);
+    void SetName(const kmString& name);
+    void SetDesc(const kmString& desc);
+    void SetExtname(const kmString& extName);
+    void SetIsSystem(bool isSystem) { m_isSystem = isSystem; }
+
+private:
+    friend class kmManager;
+
+    kmString m_id;
+    kmString m_name;
+    kmString m_desc;
+    bool m_isSystem = false;
+    kmString m_extName;
+};
