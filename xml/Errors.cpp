@@ -59,6 +59,7 @@ const kmChar* XMLErrorText(XMLErrorCode code) {
 }
 
 void ReportXMLError(const kmChar* path, const XMLParseResult& result, const kmChar* firstTag) {
+    if (path == nullptr) path = KM_TEXT("");
     if (messageTarget.handler == nullptr) {
         PrintText(FormatMessage(path, result, firstTag));
         return;

@@ -1,0 +1,62 @@
+// A folder of its own for every test that needs files.
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "tests/support/Text.h"
+
+// Names are relative to the folder, with "\" as separator; missing folders on the way are made. Everything
+// goes away with the object.
+class TemporaryFolder {
+public:
+    TemporaryFolder() {
+        std::random_device random;
+        do m_root = std::filesystem::temp_directory_path() / ("kmprofile-test-" + std::to_string(random()));
+        while (!std::filesystem::create_directory(m_root));
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(m_root, ignored);
+    }
+
+    // As the library takes paths; without a name the folder itself, with its final "\".
+    kmString Path(kmStringView name = {}) const {
+        kmString path = (m_root / "").string<kmChar>().append(name);
+        std::replace(path.begin(), path.end(), KM_TEXT('/'), KM_TEXT('\\'));
+        return path;
+    }
+
+    // As the machine takes paths.
+    std::filesystem::path SystemPath(kmStringView name = {}) const {
+        kmString relative(name);
+        std::replace(relative.begin(), relative.end(), KM_TEXT('\\'), KM_TEXT('/'));
+        return m_root / relative;
+    }
+
+    void MakeFolder(kmStringView name) const { std::filesystem::create_directories(SystemPath(name)); }
+
+    void WriteBytes(kmStringView name, std::string_view bytes) const {
+        const std::filesystem::path path = SystemPath(name);
+        std::filesystem::create_directories(path.parent_path());
+        std::ofstream file(path, std::ios::binary);
+        file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (!file.flush()) throw std::runtime_error("cannot write a file of the test");
+    }
+
+    // Without and with a byte-order mark.
+    void WriteUtf8(kmStringView name, kmStringView text) const { WriteBytes(name, Utf8(text)); }
+    void WriteUtf16(kmStringView name, kmStringView text) const {
+        WriteBytes(name, "\xFF\xFE" + Utf16Bytes(text));
+    }
+
+private:
+    std::filesystem::path m_root;
+};

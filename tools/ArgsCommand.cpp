@@ -1,0 +1,94 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Commands.h"
+#include "Console.h"
+#include "Failure.h"
+#include "ProfileLoading.h"
+#include "Texts.h"
+#include "kmArgOption.h"
+
+namespace {
+
+// The settings that the option string never holds; whoever starts the encoder uses them in other ways.
+constexpr std::basic_string_view<kmChar> kHeldBack[] = {
+    KM_TEXT("ss"), KM_TEXT("t"), KM_TEXT("pt"), KM_TEXT("s"), KM_TEXT("r"), KM_TEXT("pi"), KM_TEXT("zoom"),
+};
+
+struct ArgsArguments {
+    std::string id;
+    std::vector<std::string> settings;
+    bool noAudio = false;
+    bool heldBack = false;
+};
+
+void ApplySetting(kmProfile& profile, const std::string& setting) {
+    const std::size_t equals = setting.find('=');
+    if (equals == std::string::npos) throw UsageFailure("--set: " + Quoted(setting) + " is not name=value");
+    const kmString name = TextFromUtf8(setting.substr(0, equals));
+    const kmString value = TextFromUtf8(setting.substr(equals + 1));
+    if (!profile.ItemExist(name)) {
+        throw Failure("--set: the profile has no setting " + Quoted(Utf8FromText(name)));
+    }
+    kmString message;
+    if (!kmProfileItem::Check(message, name.c_str(), value.c_str())) {
+        throw Failure("--set " + setting + ": " + Utf8FromText(message));
+    }
+    profile.SetItemValue(name.c_str(), value.c_str());
+}
+
+void AppendHeldBack(std::vector<std::string>& lines, const kmProfile& profile) {
+    for (const kmProfileItem& item : profile.GetProfileItems()) {
+        const kmString id = item.GetID();
+        const kmChar* name = kmArgOption::GetOptionTitle(id.c_str());  // item IDs may be in any letter case
+        if (name == nullptr) continue;
+        if (std::find(std::begin(kHeldBack), std::end(kHeldBack), name) == std::end(kHeldBack)) continue;
+        const std::string value = Utf8FromText(item.GetValue());
+        if (!TrimSpaces(value).empty()) lines.push_back(Utf8FromText(name) + '=' + value);
+    }
+}
+
+// Scripts read the output line by line, so that a value with a line break could pass for other settings.
+void RequireOneLineEach(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines) {
+        if (line.find_first_of("\r\n") != std::string::npos) throw Failure("a setting holds a line break");
+    }
+}
+
+void PrintArgs(const ArgsArguments& arguments, const std::string& folder) {
+    kmProfile profile = LoadProfile(folder, arguments.id);
+    for (const std::string& setting : arguments.settings) ApplySetting(profile, setting);
+    std::vector<std::string> lines = {Utf8FromText(profile.GetAvcString(!arguments.noAudio))};
+    if (arguments.heldBack) AppendHeldBack(lines, profile);
+    RequireOneLineEach(lines);
+    for (const std::string& line : lines) Print(line + '\n');
+}
+
+}  // namespace
+
+void AddArgsCommand(CLI::App& app, const GlobalOptions& global) {
+    auto arguments = std::make_shared<ArgsArguments>();
+    CLI::App* command = app.add_subcommand("args", "Print the encoder options of a profile on one line");
+    command->add_option("ID", arguments->id, "The profile")->required();
+    command->add_flag("--no-audio", arguments->noAudio, "Leave the audio options out");
+    command
+        ->add_option("--set", arguments->settings,
+                     "Change a setting first, for this call alone; may be given several times")
+        ->type_name("NAME=VALUE")
+        ->allow_extra_args(false);
+    command->add_flag("--held-back", arguments->heldBack,
+                      "Also print the settings that the options leave out, one name=value a line");
+    command->footer(
+        R"(Start (ss), duration (t, pt), frame size (s), frame rate (r), picture interval (pi) and zoom are no
+part of the options: whoever starts the encoder applies them. --held-back prints those that the profile has.
+
+Examples:
+  kmprofile args "Holiday Clips"
+  kmprofile args "Holiday Clips" --set ab=192 --set s=640x480 --held-back)");
+    command->callback([arguments, &global] { PrintArgs(*arguments, global.folder); });
+}

@@ -1,0 +1,20 @@
+// The commands. Each Add... registers one subcommand, whose work is done while the arguments are parsed, and
+// keeps `global` by reference.
+#pragma once
+
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+// What stands before every command.
+struct GlobalOptions {
+    std::string folder;  // the profiles folder in the system's own form; empty: the default one
+};
+
+void AddShowCommand(CLI::App& app, const GlobalOptions& global);
+void AddArgsCommand(CLI::App& app, const GlobalOptions& global);
+void AddEstimateCommand(CLI::App& app, const GlobalOptions& global);
+void AddCheckCommand(CLI::App& app);
+void AddOptionsCommand(CLI::App& app);

@@ -1,0 +1,19 @@
+// The program's arguments and its two outputs, UTF-8 throughout. What another system does differently here
+// stays in Console.cpp.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+// The arguments without the program's name.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+// Writes to standard output. A failure shows at the end, in FinishOutput.
+void Print(std::string_view text);
+
+// Writes "kmprofile: ", the message and a line end to standard error; the message becomes one line.
+void PrintError(std::string_view message);
+
+// Writes what is still pending. False when any part of the output was lost.
+[[nodiscard]] bool FinishOutput();
