@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
+#include <stdexcept>
 
 #include "xml/Scan.h"
 
@@ -24,6 +25,7 @@ constexpr std::size_t RecordBytesFor(std::size_t textBytes) {
 }  // namespace
 
 Document* Document::Create(std::size_t units) {
+    if (units > kMaxUnits) throw std::length_error("a text of an XML document is too long");
     const std::size_t header = RoundUp(sizeof(Document), kLine);
     const std::size_t text = RoundUp((units + kScanPadding) * sizeof(kmChar), kLine);
     const std::size_t records = RecordBytesFor(units * sizeof(kmChar));

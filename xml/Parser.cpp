@@ -273,8 +273,6 @@ bool Parser::ParseAttribute(Element& element, const Token& name) {
 
 bool Parser::ParseValue(Element& element, const Token& name) {
     Token value = NextToken();
-    if (value.kind == TokenKind::End)
-        return true;  // the start tag ends with the text, without this attribute
     bool hasEntities = value.hasAmpersand;
     if (value.kind == TokenKind::Word) {
         if (element.isDeclaration && value.end[-1] == KM_TEXT('?')) --value.end;

@@ -77,8 +77,9 @@ XMLNode::XMLNode(XMLNode&& other) noexcept
 XMLNode& XMLNode::operator=(const XMLNode& other) noexcept { return *this = XMLNode(other); }
 
 XMLNode& XMLNode::operator=(XMLNode&& other) noexcept {
-    std::swap(m_document, other.m_document);
-    std::swap(m_element, other.m_element);
+    XMLNode taken(std::move(other));
+    std::swap(m_document, taken.m_document);
+    std::swap(m_element, taken.m_element);
     return *this;
 }
 

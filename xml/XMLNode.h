@@ -14,7 +14,9 @@ struct Element;
 // Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
 // long as any handle to any of its elements. Every operation works on the empty node too: queries answer 0,
 // null or the empty node, changes do nothing. Names are compared without regard to ASCII case; a null name
-// equals none. Texts that a query returns live as long as the tree. One tree belongs to one thread at a time.
+// equals none. Texts that a query returns live as long as the tree. Everything that came from one file, text
+// or CreateRoot belongs to one thread at a time and gives its memory back as a whole: what a change replaces
+// stays until then.
 class XMLNode {
 public:
     XMLNode() noexcept = default;
