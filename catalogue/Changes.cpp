@@ -80,16 +80,31 @@ void kmManager::ProfileChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID,
 }
 
 void kmManager::NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID) {
+    // The callbacks get the caller's own texts, but for those that stand in a list here, which is about to
+    // change.
+    const kmString first = firstID == nullptr ? KM_TEXT("") : firstID;
+    const kmString second = secondID == nullptr ? KM_TEXT("") : secondID;
+    if (OwnsText(firstID)) firstID = first.c_str();
+    if (OwnsText(secondID)) secondID = second.c_str();
+
     if (type != PROFILE_RECENT_ADDED && firstID != nullptr) {
-        const kmString id = firstID;  // copies: the texts may stand in lists that change here
         if (type == PROFILE_SAVED) {
             const auto record = FindRecord(firstID);
             if (record != m_profiles.end()) m_profiles.erase(record);
         }
-        if (type == PROFILE_RENAMED && secondID != nullptr) ForgetRenamed(id, secondID);
-        ReRead(id);
+        if (type == PROFILE_RENAMED && secondID != nullptr) ForgetRenamed(first, second);
+        ReRead(first);
     }
     CallCallbacks(type, firstID, secondID);
+}
+
+bool kmManager::OwnsText(const kmChar* text) const {
+    const auto isIn = [text](const kmGroup& group) {
+        return std::any_of(group.m_profileIDs.begin(), group.m_profileIDs.end(),
+                           [text](const kmString& id) { return id.c_str() == text; });
+    };
+    return isIn(m_userGroup) || isIn(m_recentGroup) ||
+           std::any_of(m_systemGroups.begin(), m_systemGroups.end(), isIn);
 }
 
 void kmManager::ForgetRenamed(const kmString& newID, const kmString& oldID) {

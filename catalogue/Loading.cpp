@@ -4,7 +4,7 @@
 #include "catalogue/LoadIndex.h"
 #include "kmIconParser.h"
 #include "kmManager.h"
-#include "platform/Files.h"
+#include "platform/Folder.h"
 #include "text/Folders.h"
 #include "text/kmCTString.h"
 #include "xml/XMLNode.h"
@@ -78,13 +78,20 @@ bool kmManager::Load(const kmString& folder) {
 }
 
 void kmManager::LoadProfile(const kmString& folder, bool skipSystem) {
+    const InputFolder files(folder);
     std::vector<kmString> names;
-    ListFiles(folder, KM_TEXT(".pf"), names);
-    for (const kmString& name : names) AddProfileInfo(name, folder, skipSystem);
+    files.List(KM_TEXT(".pf"), names);
+    for (const kmString& name : names) {
+        AddDocument(name, XMLNode::OpenDocumentIn(files, name, KM_TEXT("Profiles")), skipSystem);
+    }
 }
 
 void kmManager::AddProfileInfo(const kmString& fileName, const kmString& folder, bool skipSystem) {
-    const XMLNode root = XMLNode::OpenDocument((folder + fileName).c_str(), KM_TEXT("Profiles"));
+    AddDocument(fileName, XMLNode::OpenDocument((folder + fileName).c_str(), KM_TEXT("Profiles")),
+                skipSystem);
+}
+
+void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem) {
     const XMLNode main = root.FindChild(KM_TEXT("Main"));
     if (main.IsEmpty()) return;
     const bool isSystem = IsSystemProfile(main);

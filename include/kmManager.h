@@ -9,6 +9,7 @@
 #include "kmTypes.h"
 
 class kmIconParser;
+class XMLNode;
 
 // All profiles of a profiles folder and of its "user" subfolder, in groups. One object a process, empty until
 // Load. Owns its records and groups; references and pointers to them live until the container that holds them
@@ -96,8 +97,10 @@ private:
     void NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID);
 
     std::vector<kmProfileInfo>::const_iterator FindRecord(const kmChar* id) const;
+    void AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem);
     kmGroup* FindSystemGroup(const kmChar* name);
     bool IsNewInGroup(const kmGroup& group, const kmString& id);
+    bool OwnsText(const kmChar* text) const;
     void ForgetRenamed(const kmString& newID, const kmString& oldID);
     void ReRead(const kmString& id);
     void CallCallbacks(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID);

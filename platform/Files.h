@@ -29,6 +29,9 @@ public:
     [[nodiscard]] bool Read(void* bytes, std::size_t count, std::size_t& got);
 
 private:
+    friend class InputFolder;
+    bool Adopt(std::intptr_t handle);
+
     std::intptr_t m_handle = -1;
     std::uint64_t m_size = 0;
 };

@@ -14,6 +14,7 @@
 
 #include "platform/Encoding.h"
 #include "platform/Files.h"
+#include "platform/Folder.h"
 
 namespace {
 
@@ -26,7 +27,7 @@ std::string ToSystemPath(kmStringView path) {
 struct CloseFolder {
     void operator()(DIR* folder) const { closedir(folder); }
 };
-using Folder = std::unique_ptr<DIR, CloseFolder>;
+using FolderStream = std::unique_ptr<DIR, CloseFolder>;
 
 char FoldByte(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
 
@@ -40,7 +41,7 @@ bool SameName(std::string_view a, std::string_view b) {
 // are.
 std::string FindEntry(const std::string& folder, std::string_view name) {
     std::string found;
-    const Folder entries(opendir(folder.empty() ? "." : folder.c_str()));
+    const FolderStream entries(opendir(folder.empty() ? "." : folder.c_str()));
     if (!entries) return found;
     while (const dirent* entry = readdir(entries.get())) {
         const std::string_view candidate = entry->d_name;
@@ -150,8 +151,13 @@ int CreateTemporary(const std::string& folder, std::string& path) {
 }
 
 void TakeOverPermissions(int handle, const struct stat& old) {
-    // Only the superuser may give a file away; everybody else is the owner already or keeps the file.
-    if (fchown(handle, old.st_uid, old.st_gid) == 0 || errno == EPERM) fchmod(handle, old.st_mode & 07777);
+    // Only the superuser may give a file away; others can at least keep it in its group. Before the mode,
+    // which a change of owner would reduce.
+    if (fchown(handle, old.st_uid, old.st_gid) != 0 &&
+        fchown(handle, static_cast<uid_t>(-1), old.st_gid) != 0) {
+        // The file is the writer's own now, which is what saving means where owners cannot be kept.
+    }
+    fchmod(handle, old.st_mode & 07777);
 }
 
 // A name is on the disk only when its folder is.
@@ -168,7 +174,7 @@ WriteResult WriteBeside(const std::string& path, const struct stat* old, const v
     OutputHandle file(CreateTemporary(FolderOf(path), temporary));
     if (!file.IsOpen()) return WriteResult::CannotOpen;
     if (old != nullptr) TakeOverPermissions(file.Get(), *old);
-    const bool flushed = file.WriteAll(bytes, count) && fsync(file.Get()) == 0;
+    const bool flushed = file.WriteAll(bytes, count) && (fsync(file.Get()) == 0 || errno == EINVAL);
     if (!file.Close() || !flushed || rename(temporary.c_str(), path.c_str()) != 0) {
         unlink(temporary.c_str());
         return WriteResult::CannotWrite;
@@ -181,10 +187,10 @@ bool IsWritable(const std::string& path) {
     return OutputHandle(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK)).IsOpen();
 }
 
-bool IsFolder(const std::string& folder, const dirent& entry) {
+bool IsFolder(int folder, const dirent& entry) {
     if (entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK) return entry.d_type == DT_DIR;
     struct stat info {};
-    return stat((folder + entry.d_name).c_str(), &info) == 0 && S_ISDIR(info.st_mode);
+    return fstatat(folder, entry.d_name, &info, 0) == 0 && S_ISDIR(info.st_mode);
 }
 
 // Without replacing; not every file system can promise that in one step.
@@ -193,10 +199,10 @@ bool RenameEntry(const std::string& from, const std::string& to) {
     return (errno == EINVAL || errno == ENOSYS) && !Exists(to) && rename(from.c_str(), to.c_str()) == 0;
 }
 
-int OpenForReading(const std::string& path) {
-    // Without O_NONBLOCK a pipe of that name would hold the caller until somebody writes to it.
-    return open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-}
+// Without O_NONBLOCK a pipe of that name would hold the caller until somebody writes to it.
+constexpr int kReadingFlags = O_RDONLY | O_CLOEXEC | O_NONBLOCK;
+
+int OpenForReading(const std::string& path) { return open(path.c_str(), kReadingFlags); }
 
 int OpenResolved(const std::string& path) {
     const int handle = OpenForReading(path);
@@ -211,8 +217,11 @@ InputFile::~InputFile() {
     if (m_handle >= 0) close(static_cast<int>(m_handle));
 }
 
-bool InputFile::Open(const kmChar* path) {
-    m_handle = OpenResolved(ToSystemPath(path));
+bool InputFile::Open(const kmChar* path) { return Adopt(OpenResolved(ToSystemPath(path))); }
+
+// The object owns the handle from now on, whatever the result.
+bool InputFile::Adopt(std::intptr_t handle) {
+    m_handle = handle;
     if (m_handle < 0) return false;
     struct stat info {};
     if (fstat(static_cast<int>(m_handle), &info) != 0 || S_ISDIR(info.st_mode)) return false;
@@ -275,16 +284,35 @@ void CreateFolder(const kmChar* path) {
 }
 
 void ListFiles(const kmString& folder, kmStringView suffix, std::vector<kmString>& names) {
+    InputFolder(folder).List(suffix, names);
+}
+
+InputFolder::InputFolder(const kmString& path) : m_path(path) {
+    const std::string resolved = ResolveCase(ToSystemPath(path));
+    if (!resolved.empty()) m_handle = open(resolved.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+InputFolder::~InputFolder() {
+    if (m_handle >= 0) close(static_cast<int>(m_handle));
+}
+
+void InputFolder::List(kmStringView suffix, std::vector<kmString>& names) const {
     names.clear();
-    const std::string path = ResolveCase(ToSystemPath(folder));
-    const Folder entries(path.empty() ? nullptr : opendir(path.c_str()));
+    // A stream takes over the handle that it reads from.
+    const int handle = m_handle < 0 ? -1 : fcntl(static_cast<int>(m_handle), F_DUPFD_CLOEXEC, 0);
+    const FolderStream entries(handle < 0 ? nullptr : fdopendir(handle));
     if (!entries) return;
+    rewinddir(entries.get());
     const std::string ending = BytesFromText(suffix);
     while (const dirent* entry = readdir(entries.get())) {
         const std::string_view name = entry->d_name;
         if (name.front() == '.' || name.size() < ending.size()) continue;
-        if (!SameName(name.substr(name.size() - ending.size()), ending) || IsFolder(path, *entry)) continue;
+        if (!SameName(name.substr(name.size() - ending.size()), ending) || IsFolder(handle, *entry)) continue;
         names.push_back(TextFromBytes(name));
     }
     std::sort(names.begin(), names.end(), NameLess);
+}
+
+bool InputFolder::OpenFile(const kmString& name, InputFile& file) const {
+    return file.Adopt(openat(static_cast<int>(m_handle), BytesFromText(name).c_str(), kReadingFlags));
 }

@@ -74,7 +74,9 @@ PROFILE_EERROR kmProfile::FindSaveRefusal(const kmString& newID, bool overwrite)
     return existing != nullptr && existing->IsSystem() ? PROFILE_ERROR_SYSTEM : PROFILE_ERROR_NONE;
 }
 
-PROFILE_EERROR kmProfile::Save(const kmString& newID, bool overwrite) {
+// The ID is copied here and in ReName: a callback may change the list that the caller's text stands in.
+PROFILE_EERROR kmProfile::Save(const kmString& targetID, bool overwrite) {
+    const kmString newID = targetID;
     if (m_folder.empty()) return PROFILE_ERROR_FILE;
     const PROFILE_EERROR refusal = FindSaveRefusal(newID, overwrite);
     if (refusal != PROFILE_ERROR_NONE) return refusal;
@@ -111,7 +113,8 @@ XMLNode kmProfile::BuildDocument(const kmString& newID) {
     return root;
 }
 
-PROFILE_EERROR kmProfile::ReName(const kmString& newID) {
+PROFILE_EERROR kmProfile::ReName(const kmString& targetID) {
+    const kmString newID = targetID;
     kmManager& manager = kmManager::GetInstance();
     if (m_isSystem || manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
     if (manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;

@@ -6,6 +6,7 @@
 
 #include "platform/Encoding.h"
 #include "platform/Files.h"
+#include "platform/Folder.h"
 #include "xml/Document.h"
 #include "xml/Parser.h"
 #include "xml/XMLNode.h"
@@ -45,11 +46,9 @@ FileText ConvertUtf8(Document* file, std::size_t count) {
     return {document, document->Text(), XML_ERROR_NONE};
 }
 
-FileText LoadText(const kmChar* path) {
-    InputFile file;
-    if (path == nullptr || !file.Open(path) || file.Size() > Document::kMaxUnits) {
-        return {nullptr, nullptr, XML_ERROR_FILE_NOT_FOUND};
-    }
+// `isOpen` is what came of opening the file.
+FileText LoadText(InputFile& file, bool isOpen) {
+    if (!isOpen || file.Size() > Document::kMaxUnits) return {nullptr, nullptr, XML_ERROR_FILE_NOT_FOUND};
     if (file.Size() == 0) return {nullptr, nullptr, XML_ERROR_NO_DATA};
     const auto size = static_cast<std::size_t>(file.Size());
     const std::size_t units = (size + 1) / 2;
@@ -75,14 +74,27 @@ XMLNode XMLNode::OpenDocument(const kmChar* path, const kmChar* firstTag) {
     return node;
 }
 
+XMLNode XMLNode::OpenDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag) {
+    InputFile file;
+    XMLParseResult result;
+    XMLNode node = ParseFile(file, folder.OpenFile(name, file), firstTag, result);
+    if (result.code != XML_ERROR_NONE) ReportXMLError((folder.Path() + name).c_str(), result, firstTag);
+    return node;
+}
+
 XMLNode XMLNode::ParseDocumentFile(const kmChar* path, const kmChar* firstTag, XMLParseResult* result) {
+    InputFile file;
     XMLParseResult outcome;
-    const FileText file = LoadText(path);
-    outcome.code = file.code;
-    XMLNode node;
-    if (file.document != nullptr) node = ParseOwned({file.document, nullptr}, file.text, firstTag, outcome);
+    XMLNode node = ParseFile(file, path != nullptr && file.Open(path), firstTag, outcome);
     if (result != nullptr) *result = outcome;
     return node;
+}
+
+XMLNode XMLNode::ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result) {
+    const FileText text = LoadText(file, isOpen);
+    result.code = text.code;
+    if (text.document == nullptr) return {};
+    return ParseOwned({text.document, nullptr}, text.text, firstTag, result);
 }
 
 XMLNode XMLNode::ParseDocumentText(const kmChar* text, const kmChar* firstTag, XMLParseResult* result) {

@@ -9,6 +9,8 @@
 #include "xml/Errors.h"
 
 class Document;
+class InputFile;
+class InputFolder;
 struct Element;
 
 // Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
@@ -30,6 +32,9 @@ public:
     // null or empty `firstTag` takes what there is. The empty node after an error; the message about an error
     // or a warning goes to the message handler, by default to standard output.
     static XMLNode OpenDocument(const kmChar* path, const kmChar* firstTag);
+
+    // The same for a file that a listing of `folder` names.
+    static XMLNode OpenDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag);
 
     // The same without the message; `result`, when not null, tells what happened.
     static XMLNode ParseDocumentFile(const kmChar* path, const kmChar* firstTag,
@@ -98,6 +103,7 @@ private:
     XMLNode(Document* document, Element* element) noexcept : m_document(document), m_element(element) {}
     XMLNode Handle(Element* element) const;
     static XMLNode FindFirstTag(XMLNode node, const kmChar* firstTag);
+    static XMLNode ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result);
     static XMLNode ParseOwned(XMLNode document, kmChar* text, const kmChar* firstTag, XMLParseResult& result);
 
     Document* m_document = nullptr;
