@@ -70,6 +70,7 @@ bool kmManager::Load(const kmString& folder) {
 
     LoadIndex index(m_loadIndex);
     LoadProfile(m_profilesFolder, /*skipSystem=*/false);
+    index.BeginNextFolder();
     LoadProfile(GetUserFolder(m_profilesFolder.c_str()), /*skipSystem=*/false);
     if (m_iconParser == nullptr) m_iconParser = &kmIconParser::GetInstance();
     m_iconParser->InitParser(m_profilesFolder.c_str());
@@ -142,9 +143,10 @@ void kmManager::AddProfileIDToGroup(kmGroup& group, const kmString& id) {
 }
 
 bool kmManager::IsNewInGroup(const kmGroup& group, const kmString& id) {
-    if (m_loadIndex == nullptr) {
-        return std::find(group.m_profileIDs.begin(), group.m_profileIDs.end(), id) ==
-               group.m_profileIDs.end();
-    }
-    return &group == &m_userGroup ? m_loadIndex->AddUserID(id) : m_loadIndex->AddID(group.m_name, id);
+    const std::vector<kmString>& ids = group.m_profileIDs;
+    if (m_loadIndex == nullptr) return std::find(ids.begin(), ids.end(), id) == ids.end();
+    const bool isUserGroup = &group == &m_userGroup;
+    return m_loadIndex->IsNew(
+        isUserGroup ? LoadIndex::kUserGroup : static_cast<std::size_t>(&group - m_systemGroups.data()), ids,
+        id);
 }

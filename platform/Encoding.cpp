@@ -111,6 +111,10 @@ kmString TextFromBytes(std::string_view bytes) {
     text.reserve(bytes.size());
     const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
     for (std::size_t at = 0; at < bytes.size();) {
+        if (data[at] < 0x80 && data[at] != '\\') {
+            text += static_cast<kmChar>(data[at++]);
+            continue;
+        }
         const Utf8Character character = DecodeUtf8(data + at, bytes.size() - at);
         if (character.size == 0 || character.code == '\\') {
             text += static_cast<kmChar>(kEscape + data[at++]);

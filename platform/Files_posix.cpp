@@ -19,9 +19,16 @@
 namespace {
 
 std::string ToSystemPath(kmStringView path) {
-    kmString slashes(path);
-    std::replace(slashes.begin(), slashes.end(), KM_TEXT('\\'), KM_TEXT('/'));
-    return BytesFromText(slashes);
+    std::string bytes(path.size(), ' ');
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        if (path[i] >= 0x80) {
+            kmString slashes(path);
+            std::replace(slashes.begin(), slashes.end(), KM_TEXT('\\'), KM_TEXT('/'));
+            return BytesFromText(slashes);
+        }
+        bytes[i] = path[i] == KM_TEXT('\\') ? '/' : static_cast<char>(path[i]);
+    }
+    return bytes;
 }
 
 struct CloseFolder {

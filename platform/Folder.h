@@ -25,5 +25,5 @@ public:
 
 private:
     kmString m_path;
-    std::intptr_t m_handle = -1;
+    [[maybe_unused]] std::intptr_t m_handle = -1;
 };

@@ -5,6 +5,10 @@ InputFolder::InputFolder(const kmString& path) : m_path(path) {}
 
 InputFolder::~InputFolder() = default;
 
-void InputFolder::List(kmStringView suffix, std::vector<kmString>& names) const { ListFiles(m_path, suffix, names); }
+void InputFolder::List(kmStringView suffix, std::vector<kmString>& names) const {
+    ListFiles(m_path, suffix, names);
+}
 
-bool InputFolder::OpenFile(const kmString& name, InputFile& file) const { return file.Open((m_path + name).c_str()); }
+bool InputFolder::OpenFile(const kmString& name, InputFile& file) const {
+    return file.Open((m_path + name).c_str());
+}

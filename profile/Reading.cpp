@@ -67,23 +67,29 @@ void kmProfile::ReadItems(const XMLNode& parameter) {
     for (int i = 0; i < count; ++i) GetValueFromFile(m_items.emplace_back(), parameter.ChildAt(i));
 }
 
-// Walks the attributes once: looking up each field in turn would compare every name with every attribute.
+// Walks the attributes once, and looks for each behind the row of the one before: files have them in the
+// table's order.
 void kmProfile::GetValueFromFile(kmProfileItem& item, const XMLNode& element) {
+    constexpr std::size_t kCount = std::size(ItemFields::kRows);
     item.m_id = element.GetName() == nullptr ? KM_TEXT("") : element.GetName();
     item.m_advReadOnly = item.m_advHasCandidates = false;
     item.m_simpleReadOnly = item.m_simpleHasCandidates = false;
     std::uint32_t seen = 0;  // a bit for each row: of attributes with the same name the first counts
+    bool hasValue = false;
+    std::size_t row = 0;
     for (int i = 0; i < element.CountAttributes(); ++i) {
         const kmStringView name = element.AttributeNameAt(i);
-        for (std::size_t row = 0; row < std::size(ItemFields::kRows); ++row) {
-            if ((seen >> row & 1) != 0 || !EqualNoCase(ItemFields::kRows[row].name, name)) continue;
-            seen |= 1u << row;
-            const kmStringView value = element.AttributeValueAt(i);
-            if (value.data() == nullptr) break;
-            std::visit([&](auto field) { Store(item.*field, value); }, ItemFields::kRows[row].field);
-            break;
+        std::size_t tries = 0;
+        while (tries < kCount && !EqualNoCase(ItemFields::kRows[row].name, name)) {
+            row = (row + 1) % kCount;
+            ++tries;
         }
+        const kmStringView value = element.AttributeValueAt(i);
+        if (tries == kCount || (seen >> row & 1) != 0) continue;
+        seen |= 1u << row;
+        if (value.data() == nullptr) continue;
+        hasValue = hasValue || row == 0;
+        std::visit([&](auto field) { Store(item.*field, value); }, ItemFields::kRows[row].field);
     }
-    if (element.FindAttribute(KM_TEXT("Value")) != nullptr) return;
-    StoreIfPresent(item.m_value, kmArgOption::GetOptionDefVal(element.GetName()));
+    if (!hasValue) StoreIfPresent(item.m_value, kmArgOption::GetOptionDefVal(element.GetName()));
 }

@@ -52,23 +52,25 @@ void kmCTString::Join(const std::vector<kmString>& items, kmChar separator) {
 }
 
 kmStringView TrimLeftView(kmStringView text, kmChar unit) {
-    text.remove_prefix(std::min(text.find_first_not_of(unit), text.size()));
+    while (!text.empty() && text.front() == unit) text.remove_prefix(1);
     return text;
 }
 
 kmStringView TrimView(kmStringView text, kmChar unit) {
     text = TrimLeftView(text, unit);
-    return text.substr(0, text.find_last_not_of(unit) + 1);
+    while (!text.empty() && text.back() == unit) text.remove_suffix(1);
+    return text;
 }
 
 void SplitText(kmStringView text, kmChar separator, std::vector<kmString>& pieces) {
     pieces.clear();
     pieces.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1);
-    for (;;) {
-        const std::size_t end = std::min(text.find(separator), text.size());
-        pieces.emplace_back(TrimView(text.substr(0, end), KM_TEXT(' ')));
-        if (end == text.size()) return;
-        text.remove_prefix(end + 1);
+    const kmChar* const end = text.data() + text.size();
+    for (const kmChar* from = text.data();; ++from) {
+        const kmChar* to = std::find(from, end, separator);
+        pieces.emplace_back(TrimView({from, static_cast<std::size_t>(to - from)}, KM_TEXT(' ')));
+        if (to == end) return;
+        from = to;
     }
 }
 

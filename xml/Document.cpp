@@ -101,18 +101,15 @@ Content* Document::AddContent(Element& parent, ContentKind kind, kmChar* text, s
     return content;
 }
 
-Attribute& Document::AddAttribute(Element& element) {
-    if (element.attributeCount == element.attributeCapacity) GrowAttributes(element);
-    return element.attributes[element.attributeCount++];
-}
-
 // While a start tag is parsed nothing else takes memory, so its attributes grow in place.
 void Document::GrowAttributes(Element& element) {
-    auto* end = reinterpret_cast<char*>(element.attributes + element.attributeCapacity);
-    if (element.attributes != nullptr && end == m_free &&
-        static_cast<std::size_t>(m_end - m_free) >= sizeof(Attribute)) {
-        m_free += sizeof(Attribute);
-        ++element.attributeCapacity;
+    constexpr std::uint32_t kStep = 16;
+    const auto* end = reinterpret_cast<char*>(element.attributes + element.attributeCapacity);
+    const bool isLast = element.attributes == nullptr || end == m_free;
+    if (isLast && static_cast<std::size_t>(m_end - m_free) >= kStep * sizeof(Attribute)) {
+        if (element.attributes == nullptr) element.attributes = reinterpret_cast<Attribute*>(m_free);
+        m_free += kStep * sizeof(Attribute);
+        element.attributeCapacity += kStep;
         return;
     }
     const std::uint32_t capacity =
@@ -123,6 +120,12 @@ void Document::GrowAttributes(Element& element) {
     }
     element.attributes = attributes;
     element.attributeCapacity = capacity;
+}
+
+void Document::EndAttributes(Element& element) {
+    if (reinterpret_cast<char*>(element.attributes + element.attributeCapacity) != m_free) return;
+    element.attributeCapacity = element.attributeCount;
+    m_free = reinterpret_cast<char*>(element.attributes + element.attributeCount);
 }
 
 kmChar* Document::Copy(const kmChar* text) {

@@ -8,8 +8,8 @@
 // releasing it is a loop over its chunks, however deep the tree. The document is alive while any handle
 // refers to any of its records: a record cannot be reached from its children, so it does not matter that a
 // parent which nobody holds stays in memory as long as one of its children is held. A later change must keep
-// two things: no piece may be ended before the position of an error has been counted in the untouched text,
-// and kScanPadding readable units must follow the text.
+// two things: no piece may be ended over a line feed before the position of an error has been counted in the
+// text, and kScanPadding readable units must follow the text.
 #pragma once
 
 #include <cstddef>
@@ -25,9 +25,10 @@ struct Content {
     kmChar* text = nullptr;    // the text, the raw section's content, or the element's name (null: nameless)
     std::uint32_t length = 0;  // of `text`, until it is ended by a null unit
     ContentKind kind = ContentKind::Element;
-    std::uint8_t marker = 0;     // of a raw section: its row in kRawMarkers
-    bool isDeclaration = false;  // of an element
-    bool hasEntities = false;    // of a text, until it is decoded
+    std::uint8_t marker = 0;         // of a raw section: its row in kRawMarkers
+    bool isDeclaration = false;      // of an element
+    bool hasEntities = false;        // of a text, until it is decoded
+    bool hasOpenAttributes = false;  // of an element: not all of them are ended yet
 };
 
 struct Attribute {
@@ -79,7 +80,12 @@ public:
     // Records. New content goes to the end of `parent`'s; an element without a parent is a root.
     Element* AddElement(Element* parent, kmChar* name, std::size_t length, bool isDeclaration);
     Content* AddContent(Element& parent, ContentKind kind, kmChar* text, std::size_t length);
-    Attribute& AddAttribute(Element& element);
+    Attribute& AddAttribute(Element& element) {
+        if (element.attributeCount == element.attributeCapacity) GrowAttributes(element);
+        return element.attributes[element.attributeCount++];
+    }
+    // Gives back what AddAttribute took in advance, if it is still the last that was taken.
+    void EndAttributes(Element& element);
 
     // A copy of `text`, ended by a null unit; null for null.
     kmChar* Copy(const kmChar* text);

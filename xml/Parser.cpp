@@ -1,7 +1,8 @@
 // The parser walks the text once without changing it; what it finds is recorded as pointers into the
 // text. The element that is being parsed is `m_open`, and its parent links are the stack. Only when
 // the whole text has been read, and the place of an error or warning has been counted, does Seal end every
-// recorded piece by a null unit and decode its entities.
+// recorded piece by a null unit and decode its entities. (Plain attributes are ended at once, see
+// ParsePlainAttributes.)
 #include "xml/Parser.h"
 
 #include <algorithm>
@@ -77,8 +78,11 @@ private:
     bool ParseMarkup();
     bool CloseTextRun(const kmChar* begin, const kmChar* end);
     bool ParseRaw(int row);
+    bool EndsOpenElement();
     bool ParseEndTag();
     bool ParseStartTag(bool isDeclaration);
+    bool ParseAttributes(Element& element);
+    void ParsePlainAttributes(Element& element);
     bool ParseAttribute(Element& element, const Token& name);
     bool ParseValue(Element& element, const Token& name);
     Attribute& AddAttribute(Element& element, const Token& name);
@@ -121,6 +125,7 @@ Token Parser::QuoteOrWord() {
 }
 
 Token Parser::NextToken() {
+    if (*m_at > KM_TEXT('>')) return WordAt(m_at);  // nearly always the start of a name
     while (IsXMLSpace(*m_at)) ++m_at;
     const auto mark = [this](TokenKind kind, int length) {
         m_at += length;
@@ -214,7 +219,17 @@ bool Parser::ParseRaw(int row) {
     return true;
 }
 
+// Nearly every end tag repeats the name of the open element to the letter.
+bool Parser::EndsOpenElement() {
+    const kmStringView name(m_open->text, m_open->length);
+    if (m_open == m_root || !StartsWith(m_at, name) || m_at[name.size()] != KM_TEXT('>')) return false;
+    m_at += name.size() + 1;
+    m_open = m_open->parent;
+    return true;
+}
+
 bool Parser::ParseEndTag() {
+    if (EndsOpenElement()) return true;
     const Token name = NextToken();
     if (name.kind != TokenKind::Word || NextToken().kind != TokenKind::TagClose) {
         return Fail(XML_ERROR_MISSING_END_TAG_NAME);
@@ -236,24 +251,51 @@ bool Parser::ParseStartTag(bool isDeclaration) {
     if (name.kind != TokenKind::Word) return Fail(XML_ERROR_MISSING_START_TAG_NAME);
     Element* element = m_document.AddElement(m_open, Record(name.begin),
                                              static_cast<std::size_t>(name.end - name.begin), isDeclaration);
+    const bool parsed = ParseAttributes(*element);
+    m_document.EndAttributes(*element);
+    return parsed;
+}
+
+// Up to the end of the start tag.
+bool Parser::ParseAttributes(Element& element) {
     for (;;) {
+        ParsePlainAttributes(element);
         const Token token = NextToken();
         switch (token.kind) {
             case TokenKind::Word:
-                if (!ParseAttribute(*element, token)) return false;
+                if (!ParseAttribute(element, token)) return false;
                 break;
             case TokenKind::TagClose:
-                m_open = element;
+                m_open = &element;
                 return true;
             case TokenKind::EmptyClose:
                 return true;
             case TokenKind::End:
-                m_open = element;
+                m_open = &element;
                 EndText();
                 return false;
             default:
                 return Fail(XML_ERROR_UNEXPECTED_TOKEN);
         }
+    }
+}
+
+// The attributes that stand one space apart, as far as they are written as nearly all are. They are ended at
+// once: the
+// "=" and the quote that this overwrites have been read, and are no line feeds, which positions are counted
+// by.
+void Parser::ParsePlainAttributes(Element& element) {
+    while (*m_at == KM_TEXT(' ')) {
+        kmChar* name = Record(m_at + 1);
+        const PlainAttribute plain = scan::FindPlainAttribute(name);
+        if (plain.nameEnd == nullptr) return;
+        kmChar* value = Record(plain.nameEnd + 2);
+        m_document.AddAttribute(element) = {name, value, static_cast<std::uint32_t>(plain.nameEnd - name),
+                                            static_cast<std::uint32_t>(plain.valueEnd - value) & 0x7FFFFFFFu,
+                                            false};
+        *Record(plain.nameEnd) = 0;
+        *Record(plain.valueEnd) = 0;
+        m_at = plain.valueEnd + 1;
     }
 }
 
@@ -291,6 +333,7 @@ bool Parser::ParseValue(Element& element, const Token& name) {
 
 // An attribute without a value, for now.
 Attribute& Parser::AddAttribute(Element& element, const Token& name) {
+    element.hasOpenAttributes = true;
     Attribute& attribute = m_document.AddAttribute(element);
     attribute = {Record(name.begin), nullptr, static_cast<std::uint32_t>(name.end - name.begin), 0, false};
     return attribute;
@@ -314,6 +357,7 @@ void SealPiece(kmChar* text, std::uint32_t& length, bool hasEntities) {
 
 void SealElement(Element& element) {
     if (element.text != nullptr) element.text[element.length] = 0;
+    if (!element.hasOpenAttributes) return;
     for (std::uint32_t i = 0; i < element.attributeCount; ++i) {
         Attribute& attribute = element.attributes[i];
         attribute.name[attribute.nameLength] = 0;

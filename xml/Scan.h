@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "platform/Ascii.h"
 
@@ -14,7 +15,7 @@
 #include <bit>
 #endif
 
-inline constexpr std::size_t kScanPadding = 16;
+inline constexpr std::size_t kScanPadding = 48;
 
 constexpr bool IsXMLSpace(kmChar c) {
     return c == KM_TEXT(' ') || c == KM_TEXT('\n') || c == KM_TEXT('\t') || c == KM_TEXT('\r');
@@ -25,6 +26,17 @@ constexpr bool EndsMarkupSearch(kmChar c) { return c == KM_TEXT('<') || c == 0; 
 constexpr bool EndsQuoteSearch(kmChar c, kmChar quote) {
     return c == quote || c == KM_TEXT('<') || c == KM_TEXT('&') || c == 0;
 }
+
+// What name="value" ends: a name at anything up to ">", both at units from 0x8000 on, which the SSE2 form
+// cannot tell from null units.
+constexpr bool EndsPlainName(kmChar c) { return c <= KM_TEXT('>') || c >= 0x8000; }
+constexpr bool EndsPlainValue(kmChar c) { return EndsQuoteSearch(c, KM_TEXT('"')) || c >= 0x8000; }
+
+// Where the parts of name="value" end; null when there is no such thing.
+struct PlainAttribute {
+    const kmChar* nameEnd = nullptr;   // the "="
+    const kmChar* valueEnd = nullptr;  // the closing quote
+};
 
 // "/" ends a word only in front of ">", which the caller looks at.
 constexpr bool MayEndWord(kmChar c) {
@@ -49,6 +61,18 @@ inline const kmChar* FindQuoteEnd(const kmChar* at, kmChar quote) {
 inline const kmChar* FindWordEnd(const kmChar* at) {
     while (!MayEndWord(*at)) ++at;
     return at;
+}
+
+// An attribute as it is nearly always written, name="value" from `name` on without entities. None for
+// everything unusual, which the parser then takes token by token.
+inline PlainAttribute FindPlainAttribute(const kmChar* name) {
+    const kmChar* nameEnd = name;
+    while (!EndsPlainName(*nameEnd)) ++nameEnd;
+    if (nameEnd == name || nameEnd[0] != KM_TEXT('=') || nameEnd[1] != KM_TEXT('"')) return {};
+    const kmChar* valueEnd = nameEnd + 2;
+    while (!EndsPlainValue(*valueEnd)) ++valueEnd;
+    if (*valueEnd != KM_TEXT('"')) return {};
+    return {nameEnd, valueEnd};
 }
 
 }  // namespace portable
@@ -97,6 +121,58 @@ inline const kmChar* FindWordEnd(const kmChar* at) {
         });
         if (MayEndWord(*at)) return at;  // not a control character that a word may hold
     }
+}
+
+// Sixteen units as bytes: those from 0x100 on become 255, those from 0x8000 on 0.
+inline __m128i LoadBytes(const kmChar* at) { return _mm_packus_epi16(Load(at), Load(at + 8)); }
+
+inline __m128i EqualBytes(__m128i bytes, char c) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(c)); }
+
+inline __m128i EndValueBytes(__m128i bytes) {
+    return _mm_or_si128(EqualBytes(bytes, '<'), _mm_or_si128(EqualBytes(bytes, '&'), EqualBytes(bytes, 0)));
+}
+
+inline std::uint32_t Mask(__m128i low, __m128i high) {
+    return static_cast<std::uint32_t>(_mm_movemask_epi8(low)) |
+           static_cast<std::uint32_t>(_mm_movemask_epi8(high)) << 16;
+}
+
+// The next closing quote, from `at` on; null when something else ends the value first.
+inline const kmChar* FindPlainValueEnd(const kmChar* at) {
+    for (;; at += 16) {
+        const __m128i bytes = LoadBytes(at);
+        const __m128i quotes = EqualBytes(bytes, '"');
+        const auto mask =
+            static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(quotes, EndValueBytes(bytes))));
+        if (mask == 0) continue;
+        at += std::countr_zero(mask);
+        return *at == KM_TEXT('"') ? at : nullptr;
+    }
+}
+
+// Most attributes end within the 32 units that are looked at together: one set of masks answers for name and
+// value.
+inline PlainAttribute FindPlainAttribute(const kmChar* name) {
+    const __m128i low = LoadBytes(name);
+    const __m128i high = LoadBytes(name + 16);
+    const __m128i zero = _mm_setzero_si128();
+    const __m128i last = _mm_set1_epi8('>');
+    const std::uint32_t nameEnds =
+        Mask(_mm_cmpeq_epi8(_mm_subs_epu8(low, last), zero), _mm_cmpeq_epi8(_mm_subs_epu8(high, last), zero));
+    const int length = std::countr_zero(nameEnds);
+    if (length >= 31) return portable::FindPlainAttribute(name);
+    const kmChar* nameEnd = name + length;
+    if (length == 0 || nameEnd[0] != KM_TEXT('=') || nameEnd[1] != KM_TEXT('"')) return {};
+
+    const std::uint32_t quotes = Mask(EqualBytes(low, '"'), EqualBytes(high, '"'));
+    const std::uint32_t ends = quotes | Mask(EndValueBytes(low), EndValueBytes(high));
+    const std::uint32_t behindOpening = ends & (ends - 1);  // the opening quote is the first of them
+    if (behindOpening == 0) {
+        const kmChar* valueEnd = FindPlainValueEnd(name + 32);
+        return valueEnd == nullptr ? PlainAttribute() : PlainAttribute{nameEnd, valueEnd};
+    }
+    const kmChar* valueEnd = name + std::countr_zero(behindOpening);
+    return *valueEnd == KM_TEXT('"') ? PlainAttribute{nameEnd, valueEnd} : PlainAttribute();
 }
 
 }  // namespace sse2

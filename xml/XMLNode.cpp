@@ -83,10 +83,6 @@ XMLNode& XMLNode::operator=(XMLNode&& other) noexcept {
     return *this;
 }
 
-XMLNode::~XMLNode() {
-    if (m_document != nullptr) m_document->Release();
-}
-
 XMLNode XMLNode::Handle(Element* element) const {
     if (element == nullptr) return {};
     m_document->AddReference();
@@ -102,11 +98,7 @@ XMLNode XMLNode::CreateRoot(const kmChar* name, bool isDeclaration) {
     return root;
 }
 
-const kmChar* XMLNode::GetName() const { return IsEmpty() ? nullptr : m_element->text; }
-
 bool XMLNode::IsDeclaration() const { return !IsEmpty() && m_element->isDeclaration; }
-
-int XMLNode::CountChildren() const { return IsEmpty() ? 0 : static_cast<int>(m_element->childCount); }
 
 int XMLNode::CountChildren(const kmChar* name) const {
     if (IsEmpty() || name == nullptr) return 0;
@@ -145,20 +137,6 @@ const kmChar* XMLNode::FindAttribute(const kmChar* name, int* position) const {
     if (index >= m_element->attributeCount) return nullptr;
     if (position != nullptr) *position = static_cast<int>(index + 1);
     return m_element->attributes[index].value;
-}
-
-int XMLNode::CountAttributes() const { return IsEmpty() ? 0 : static_cast<int>(m_element->attributeCount); }
-
-kmStringView XMLNode::AttributeNameAt(int index) const {
-    if (index < 0 || index >= CountAttributes()) return {};
-    const Attribute& attribute = m_element->attributes[index];
-    return {attribute.name, attribute.nameLength};
-}
-
-kmStringView XMLNode::AttributeValueAt(int index) const {
-    if (index < 0 || index >= CountAttributes()) return {};
-    const Attribute& attribute = m_element->attributes[index];
-    return {attribute.value, attribute.valueLength};
 }
 
 XMLNode XMLNode::AppendChild(const kmChar* name, bool isDeclaration) {

@@ -6,12 +6,11 @@
 #include <memory>
 
 #include "platform/Ascii.h"
+#include "xml/Document.h"
 #include "xml/Errors.h"
 
-class Document;
 class InputFile;
 class InputFolder;
-struct Element;
 
 // Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
 // long as any handle to any of its elements. Every operation works on the empty node too: queries answer 0,
@@ -26,7 +25,9 @@ public:
     XMLNode(XMLNode&& other) noexcept;
     XMLNode& operator=(const XMLNode& other) noexcept;
     XMLNode& operator=(XMLNode&& other) noexcept;
-    ~XMLNode();
+    ~XMLNode() {
+        if (m_document != nullptr) m_document->Release();
+    }
 
     // Reads a file whose first element must be `firstTag`, looked for inside the declarations at its head; a
     // null or empty `firstTag` takes what there is. The empty node after an error; the message about an error
@@ -51,10 +52,12 @@ public:
     static XMLNode CreateRoot(const kmChar* name, bool isDeclaration);
 
     bool IsEmpty() const { return m_element == nullptr; }
-    const kmChar* GetName() const;  // null also for the nameless node around a whole file
+    const kmChar* GetName() const {
+        return IsEmpty() ? nullptr : m_element->text;
+    }  // null: the node around a file
     bool IsDeclaration() const;
 
-    int CountChildren() const;
+    int CountChildren() const { return IsEmpty() ? 0 : static_cast<int>(m_element->childCount); }
     int CountChildren(const kmChar* name) const;
     XMLNode ChildAt(int index) const;
 
@@ -69,9 +72,15 @@ public:
 
     // All attributes in their order, duplicates included, for callers that look at each once. The views end
     // in front of a null unit; a view of null stands for a missing value, or an index out of range.
-    int CountAttributes() const;
-    kmStringView AttributeNameAt(int index) const;
-    kmStringView AttributeValueAt(int index) const;
+    int CountAttributes() const { return IsEmpty() ? 0 : static_cast<int>(m_element->attributeCount); }
+    kmStringView AttributeNameAt(int index) const {
+        if (index < 0 || index >= CountAttributes()) return {};
+        return {m_element->attributes[index].name, m_element->attributes[index].nameLength};
+    }
+    kmStringView AttributeValueAt(int index) const {
+        if (index < 0 || index >= CountAttributes()) return {};
+        return {m_element->attributes[index].value, m_element->attributes[index].valueLength};
+    }
 
     // Texts given to the changes below are copied. A null value means an attribute without a value.
     XMLNode AppendChild(const kmChar* name, bool isDeclaration);
