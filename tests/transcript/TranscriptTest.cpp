@@ -1,0 +1,234 @@
+// One long run through the library, told line by line. The recording was made on one system; every system
+// has to tell the same, byte for byte.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "kmIconParser.h"
+#include "kmManager.h"
+#include "kmProfile.h"
+#include "tests/support/Messages.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace {
+
+const std::filesystem::path kSource = KM_SOURCE_DIR;
+
+std::string ReadBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string Joined(const std::vector<kmString>& texts) {
+    std::string joined;
+    for (const kmString& text : texts) joined += '|' + Utf8(text);
+    return joined;
+}
+
+// FNV-1a, 64 bits.
+std::uint64_t Hash(std::string_view bytes) {
+    std::uint64_t hash = 14695981039346656037u;
+    for (const char byte : bytes) hash = (hash ^ static_cast<unsigned char>(byte)) * 1099511628211u;
+    return hash;
+}
+
+class Transcript {
+public:
+    std::string Run() {
+        CopySamples();
+        MakeBrokenFiles();
+        kmManager::GetInstance().RegisterChangedCallback(&OnChange, this);
+        TellCatalogue();
+        TellProfiles();
+        ChangeProfiles();
+        TellCatalogue();
+        TellFiles();
+        return m_told;
+    }
+
+private:
+    template <class... Parts>
+    void Tell(const Parts&... parts) {
+        std::ostringstream line;
+        (line << ... << parts);
+        m_told += line.str() + '\n';
+    }
+
+    void TellMessages() {
+        for (std::size_t& i = m_messagesTold; i < m_messages.All().size(); ++i) {
+            CapturedMessage message = m_messages.All()[i];
+            const std::string root = Utf8(m_folder.Path());
+            if (message.path.starts_with(root)) message.path.replace(0, root.size(), "<folder>\\");
+            Tell("message ", message.code, ' ', message.path, ' ', message.line, ':', message.column, ' ',
+                 message.text);
+        }
+    }
+
+    static void OnChange(PROFILE_CHANGED_TYPE type, const kmChar* first, const kmChar* second, void* self) {
+        static_cast<Transcript*>(self)->Tell("changed ", type, ' ', Utf8(first), ' ', Utf8(second));
+    }
+
+    void CopySamples() {
+        std::filesystem::copy(kSource / "samples/Profiles", m_folder.SystemPath(KM_TEXT("p")),
+                              std::filesystem::copy_options::recursive);
+    }
+
+    void MakeBrokenFiles() {
+        const std::string good =
+            "<Profiles><Main><Name language='n'/></Main><Parameter><ab/></Parameter></Profiles>";
+        const auto add = [this](const char* name, std::string_view bytes) {
+            m_folder.WriteBytes(KM_TEXT("p\\user\\") + TextFromBytes(name) + KM_TEXT(".pf"), bytes);
+        };
+        add("empty", "");
+        add("mark alone", "\xEF\xBB\xBF");
+        add("no xml", "plain text");
+        add("cut short", good.substr(0, 40));
+        add("end tag missing", "<Profiles>\n  <Main>\n</Profiles>");
+        add("end tag too many", good + "</Main>");
+        add("other root", "<Profile><Main/></Profile>");
+        add("unknown entity", "<Profiles>\n<Main a='&none;'/></Profiles>");
+        add("not utf8", "<Profiles><Main><Name language='caf\xE9'/></Main></Profiles>");
+        add("utf16 cut", "\xFF\xFE" + Utf16Bytes(KM_TEXT("<Profiles><Main/></Profiles>")) + ">");
+        add("caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC", good);
+        add("\xF0\x9F\x98\x80 UPPER", "\xEF\xBB\xBF" + good);
+    }
+
+    void TellCatalogue() {
+        kmManager& manager = kmManager::GetInstance();
+        manager.Load(m_folder.Path(KM_TEXT("p")));
+        TellMessages();
+        std::vector<const kmGroup*> groups{&manager.GetUserGroup(), &manager.GetRecentGroup()};
+        for (const kmGroup& group : manager.GetSystemGroups()) groups.push_back(&group);
+        for (const kmGroup* group : groups) {
+            Tell("group ", Utf8(group->GetName()), Icon(group->GetOriginalName(), true),
+                 Joined(group->GetProfileIDs()));
+        }
+        for (const kmProfileInfo& info : manager.GetProfiles()) {
+            Tell("record ", info.IsSystem(), Icon(info.GetID(), false),
+                 Joined({info.GetID(), info.GetName(), info.GetDesc(), info.GetExtname()}));
+        }
+    }
+
+    std::string Icon(const kmString& id, bool group) const {
+        const kmIconParser& icons = kmIconParser::GetInstance();
+        return " icon " + std::to_string(icons.GetIconIndex(id.c_str(), group)) + ' ' +
+               Utf8(icons.GetImageFileName(id.c_str(), group)) + ' ';
+    }
+
+    kmProfile Load(const kmString& id) {
+        kmProfile profile;
+        profile.SetID(id);
+        Tell("load ", Utf8(id), ' ', profile.Load(m_folder.Path(KM_TEXT("p"))));
+        TellMessages();
+        return profile;
+    }
+
+    void TellProfiles() {
+        for (const kmProfileInfo& info : kmManager::GetInstance().GetProfiles()) {
+            kmProfile profile = Load(info.GetID());
+            Tell(Joined({profile.GetSName(), profile.GetFormat(), profile.GetExtName()}));
+            for (const kmProfileItem& item : profile.GetProfileItems()) TellItem(item);
+            TellDerived(profile);
+        }
+        Load(KM_TEXT("none"));
+    }
+
+    // Value and positions in full; of the texts and lists it is enough to know that they are the same.
+    void TellItem(const kmProfileItem& item) {
+        const std::string texts =
+            Joined({item.GetAdvName(), item.GetAdvGroup(), item.GetSimpleName()}) + '\n' +
+            Joined(item.GetAdvCandidatesDisplay()) + '\n' + Joined(item.GetAdvCandidatesValue()) + '\n' +
+            Joined(item.GetSimpleCandidatesDisplay()) + '\n' + Joined(item.GetSimpleCandidatesValue());
+        Tell(Joined({item.GetID(), item.GetValue()}), ' ', item.GetAdvPriority(), item.GetAdvReadOnly(),
+             item.GetAdvHasCandidates(), ' ', item.GetSimplePriority(), item.GetSimpleReadOnly(),
+             item.GetSimpleHasCandidates(), ' ', item.GetSimpleItemIndex(), ' ', Hash(texts));
+    }
+
+    void TellDerived(kmProfile& profile) {
+        constexpr std::int64_t kMinute = 60'000'000;
+        std::int32_t width = -1;
+        std::int32_t height = -1;
+        const bool sized = profile.GetSize(width, height);
+        Tell("type ", profile.GetType(), " size ", sized, ' ', width, 'x', height, " zoom ",
+             profile.GetZoom(), " aspect ", profile.GetAspectratio(), " time ", profile.GetStartTime(), '+',
+             profile.GetDuration());
+        Tell("bytes ", profile.CalcOutputFileSize(kMinute, true, 640, 480), ' ',
+             profile.CalcAVOutputFileSize(kMinute, 128000, 900000, 3), ' ',
+             profile.CalcImageOutputFileSize(kMinute, 640, 480), ' ', profile.CalcP2VOutputFileSize(kMinute));
+        Tell("video ", Utf8(profile.GetAvcString(false)));
+        const std::string options = Utf8(profile.GetAvcString(true));  // may change the profile
+        Tell("options ", options, ' ', profile.GetChangedFlag());
+    }
+
+    void Save(const kmString& id, const kmString& newID, bool overwrite) {
+        kmProfile profile = Load(id);
+        profile.SetItemValue(KM_TEXT("ab"), KM_TEXT("a<b & \"c\" caf\u00E9"));
+        Tell("save ", Utf8(newID), ' ', profile.Save(newID, overwrite));
+        TellMessages();
+    }
+
+    void Rename(const kmString& id, const kmString& newID) {
+        kmProfile profile = Load(id);
+        const PROFILE_EERROR result = profile.ReName(newID);
+        Tell("rename ", Utf8(newID), ' ', result, ' ', Utf8(profile.GetID()));
+        TellMessages();
+    }
+
+    void ChangeProfiles() {
+        kmManager& manager = kmManager::GetInstance();
+        manager.AddRecentProfile(KM_TEXT("Holiday Clips"));
+        manager.AddRecentProfile(KM_TEXT("MP3 - High Quality"));
+        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("MP3 - High Quality"), true);
+        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Copy \u65E5\u672C"), false);
+        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Phone 240p"), false);
+        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Phone 240p"), true);
+        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("Car Radio MP3"), false);
+        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("Car \U0001F600"), false);
+        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("a\\b"), false);
+        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("nul"), false);
+        Save(KM_TEXT("none"), KM_TEXT("from none"), false);
+        Rename(KM_TEXT("Holiday Clips"), KM_TEXT("Holiday Clips 2"));
+        Rename(KM_TEXT("Photo Frame JPG"), KM_TEXT("My iPod Movies"));
+        Rename(KM_TEXT("Photo Frame JPG"), KM_TEXT("cut short"));
+        Rename(KM_TEXT("MP3 - High Quality"), KM_TEXT("any"));
+        for (const kmChar* id :
+             {KM_TEXT("Musique du salon"), KM_TEXT("musique DU salon"), KM_TEXT("PSP"), KM_TEXT("")}) {
+            Tell("delete ", Utf8(id), ' ', manager.DeleteProfile(id));
+        }
+        Tell("icon copied ",
+             kmIconParser::GetInstance().CopyIconFrom(KM_TEXT("new"), KM_TEXT("iPod Audio AAC")));
+        TellMessages();
+    }
+
+    void TellFiles() {
+        std::vector<std::string> lines;
+        const std::filesystem::path root = m_folder.SystemPath();
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(root)) {
+            if (!entry.is_regular_file()) continue;
+            const std::u8string name = entry.path().lexically_relative(root).generic_u8string();
+            const std::string bytes = ReadBytes(entry.path());
+            lines.push_back("file " + std::string(name.begin(), name.end()) + ' ' +
+                            std::to_string(bytes.size()) + ' ' + std::to_string(Hash(bytes)));
+        }
+        std::sort(lines.begin(), lines.end());
+        for (const std::string& line : lines) Tell(line);
+    }
+
+    TemporaryFolder m_folder;
+    CapturedMessages m_messages;
+    std::size_t m_messagesTold = 0;
+    std::string m_told;
+};
+
+// What was told is left in the working folder: after a change that is meant to be seen, it is the new
+// recording.
+TEST(Transcript, IsTheSameOnEverySystem) {
+    const std::string told = Transcript().Run();
+    std::ofstream("transcript.txt", std::ios::binary) << told;
+    const std::string expected = ReadBytes(kSource / "tests/transcript/expected.txt");
+    const auto [at, _] = std::mismatch(told.begin(), told.end(), expected.begin(), expected.end());
+    EXPECT_TRUE(told == expected) << "the first difference is in line "
+                                  << std::count(told.begin(), at, '\n') + 1 << " of transcript.txt";
+}
+
+}  // namespace

@@ -1,0 +1,70 @@
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#include <io.h>
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <memory>
+
+#include "Console.h"
+#include "Texts.h"
+
+namespace {
+
+bool outputLost = false;
+
+// The console that a stream goes to, or null when it goes elsewhere.
+HANDLE FindConsole(std::FILE* stream) {
+    const int file = _fileno(stream);
+    if (file < 0) return nullptr;
+    const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(file));
+    DWORD mode = 0;
+    return handle != INVALID_HANDLE_VALUE && GetConsoleMode(handle, &mode) != 0 ? handle : nullptr;
+}
+
+// In pieces, because older consoles take 64 KB at once.
+bool WriteToConsole(HANDLE console, std::basic_string_view<kmChar> text) {
+    constexpr std::size_t kPiece = 8192;
+    while (!text.empty()) {
+        const auto count = static_cast<DWORD>(std::min(text.size(), kPiece));
+        DWORD written = 0;
+        if (WriteConsoleW(console, text.data(), count, &written, nullptr) == 0 || written == 0) return false;
+        text.remove_prefix(written);
+    }
+    return true;
+}
+
+// A console takes UTF-16 whatever its code page; files and pipes receive the bytes.
+bool Write(std::FILE* stream, std::string_view text) {
+    if (const HANDLE console = FindConsole(stream)) return WriteToConsole(console, TextFromUtf8(text));
+    return std::fwrite(text.data(), 1, text.size(), stream) == text.size();
+}
+
+struct FreeLocal {
+    void operator()(wchar_t** memory) const { LocalFree(memory); }
+};
+
+}  // namespace
+
+// From the wide command line: the narrow one has lost what its code page lacks.
+std::vector<std::string> ProgramArguments(int, char**) {
+    int count = 0;
+    const std::unique_ptr<wchar_t*, FreeLocal> texts(CommandLineToArgvW(GetCommandLineW(), &count));
+    std::vector<std::string> arguments;
+    for (int i = 1; texts && i < count; ++i) arguments.push_back(Utf8FromText(texts.get()[i]));
+    return arguments;
+}
+
+void Print(std::string_view text) {
+    if (!Write(stdout, text)) outputLost = true;
+}
+
+void PrintError(std::string_view message) { Write(stderr, "kmprofile: " + Printable(message) + '\n'); }
+
+bool FinishOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && !outputLost; }
