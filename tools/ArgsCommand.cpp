@@ -10,6 +10,7 @@
 #include "Console.h"
 #include "Failure.h"
 #include "ProfileLoading.h"
+#include "Settings.h"
 #include "Texts.h"
 #include "kmArgOption.h"
 
@@ -26,21 +27,6 @@ struct ArgsArguments {
     bool noAudio = false;
     bool heldBack = false;
 };
-
-void ApplySetting(kmProfile& profile, const std::string& setting) {
-    const std::size_t equals = setting.find('=');
-    if (equals == std::string::npos) throw UsageFailure("--set: " + Quoted(setting) + " is not name=value");
-    const kmString name = TextFromUtf8(setting.substr(0, equals));
-    const kmString value = TextFromUtf8(setting.substr(equals + 1));
-    if (!profile.ItemExist(name)) {
-        throw Failure("--set: the profile has no setting " + Quoted(Utf8FromText(name)));
-    }
-    kmString message;
-    if (!kmProfileItem::Check(message, name.c_str(), value.c_str())) {
-        throw Failure("--set " + setting + ": " + Utf8FromText(message));
-    }
-    profile.SetItemValue(name.c_str(), value.c_str());
-}
 
 void AppendHeldBack(std::vector<std::string>& lines, const kmProfile& profile) {
     for (const kmProfileItem& item : profile.GetProfileItems()) {
@@ -62,7 +48,7 @@ void RequireOneLineEach(const std::vector<std::string>& lines) {
 
 void PrintArgs(const ArgsArguments& arguments, const std::string& folder) {
     kmProfile profile = LoadProfile(folder, arguments.id);
-    for (const std::string& setting : arguments.settings) ApplySetting(profile, setting);
+    for (const std::string& setting : arguments.settings) ApplySetting(profile, setting, "--set");
     std::vector<std::string> lines = {Utf8FromText(profile.GetAvcString(!arguments.noAudio))};
     if (arguments.heldBack) AppendHeldBack(lines, profile);
     RequireOneLineEach(lines);

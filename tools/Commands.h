@@ -13,8 +13,14 @@ struct GlobalOptions {
     std::string folder;  // the profiles folder in the system's own form; empty: the default one
 };
 
+void AddListCommand(CLI::App& app, const GlobalOptions& global);
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 void AddArgsCommand(CLI::App& app, const GlobalOptions& global);
 void AddEstimateCommand(CLI::App& app, const GlobalOptions& global);
+void AddSetCommand(CLI::App& app, const GlobalOptions& global);
+void AddEditCommand(CLI::App& app, const GlobalOptions& global);
+void AddRenameCommand(CLI::App& app, const GlobalOptions& global);
+void AddDeleteCommand(CLI::App& app, const GlobalOptions& global);
+void AddIconCommand(CLI::App& app, const GlobalOptions& global);
 void AddCheckCommand(CLI::App& app);
 void AddOptionsCommand(CLI::App& app);

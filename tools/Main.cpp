@@ -14,17 +14,23 @@
 namespace {
 
 constexpr const char* kDescription =
-    "Shows encoding profiles, checks settings and turns profiles into encoder options.";
+    "Lists, shows and changes encoding profiles, and turns them into encoder options.";
 
 constexpr const char* kFooter = R"(Examples:
+  kmprofile list --group "User Defined"
   kmprofile show "Holiday Clips"
+  kmprofile set "Holiday Clips" b=1500 s=720x576 --as "Holiday Clips Large"
+  kmprofile edit "Holiday Clips" "Holiday Clips Large" ab=192
+  kmprofile rename "Holiday Clips Large" "Grandma"
+  kmprofile delete "Grandma"
   kmprofile args "Holiday Clips" --set ab=192 --held-back
   kmprofile estimate "Holiday Clips" --duration 01:30:00
   kmprofile check s 640x480
   kmprofile options vcodec
 
 A profile's ID is its file name without ".pf". It is looked for in the profiles folder and then in that
-folder's "user" subfolder. "kmprofile COMMAND --help" explains one command.
+folder's "user" subfolder, which takes the copies of system profiles. Those of the system are never changed.
+"kmprofile COMMAND --help" explains one command.
 
 Exit status: 0 done; 1 refused or failed; 2 wrong arguments.)";
 
@@ -37,9 +43,15 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.fallthrough();  // subcommands inherit it: --folder may also follow the command
     app.allow_windows_style_options(false);
     app.footer(kFooter);
+    AddListCommand(app, global);
     AddShowCommand(app, global);
     AddArgsCommand(app, global);
     AddEstimateCommand(app, global);
+    AddSetCommand(app, global);
+    AddEditCommand(app, global);
+    AddRenameCommand(app, global);
+    AddDeleteCommand(app, global);
+    AddIconCommand(app, global);
     AddCheckCommand(app);
     AddOptionsCommand(app);
 }

@@ -23,11 +23,7 @@ const LibraryMessage* FindParseError(const Messages& messages) {
     return found == messages.end() ? nullptr : &*found;
 }
 
-bool Exists(const LibraryMessage& message) {
-    const std::string path = Utf8FromPath(message.path);
-    std::error_code ignored;
-    return std::filesystem::exists(std::u8string(path.begin(), path.end()), ignored);
-}
+bool Exists(const LibraryMessage& message) { return FileExists(Utf8FromPath(message.path)); }
 
 std::string FolderOf(const kmString& path, const kmString& id) {
     constexpr std::size_t kSuffixLength = 3;  // ".pf"
@@ -56,11 +52,34 @@ std::string WhyNotLoaded(const Messages& messages, const std::string& folder, co
 
 }  // namespace
 
-kmProfile LoadProfile(const std::string& folder, const std::string& id) {
+std::string ProfilesFolder(const std::string& folder) {
+    constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+    if (!folder.empty())
+        return folder.back() == '/' || folder.back() == kSeparator ? folder : folder + kSeparator;
+    // Only a message tells where the default folder is, so there has to be one: no profile has this ID.
+    const std::size_t earlier = LibraryMessages().size();
+    kmProfile().Load({});
+    return earlier < LibraryMessages().size() ? FolderOf(LibraryMessages()[earlier].path, {}) : std::string();
+}
+
+LoadedProfile LoadProfileFile(const std::string& folder, const std::string& id) {
     const std::size_t earlier = LibraryMessages().size();
     kmProfile profile;
     profile.SetID(NameFromUtf8(id));
-    if (profile.Load(NameFromUtf8(folder))) return profile;
+    const bool isLoaded = profile.Load(NameFromUtf8(folder));
     const auto first = LibraryMessages().begin() + static_cast<std::ptrdiff_t>(earlier);
-    throw Failure(WhyNotLoaded({first, LibraryMessages().end()}, folder, profile.GetID()));
+    const Messages messages(first, LibraryMessages().end());
+    if (!isLoaded) throw Failure(WhyNotLoaded(messages, folder, profile.GetID()));
+    const bool isFirstFile = std::all_of(messages.begin(), messages.end(),
+                                         [](const LibraryMessage& message) { return message.IsWarning(); });
+    return {profile, ProfilesFolder(folder) + (isFirstFile ? "" : kUserFolder)};
+}
+
+kmProfile LoadProfile(const std::string& folder, const std::string& id) {
+    return LoadProfileFile(folder, id).profile;
+}
+
+bool FileExists(const std::string& path) {
+    std::error_code ignored;
+    return std::filesystem::exists(std::u8string(path.begin(), path.end()), ignored);
 }

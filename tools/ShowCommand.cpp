@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -12,12 +11,11 @@
 #include "ProfileLoading.h"
 #include "Table.h"
 #include "Texts.h"
+#include "Views.h"
 
 namespace {
 
-constexpr const char* kReadOnly = "read-only";
 constexpr const char* kFromSource = "as the source";
-constexpr std::size_t kIndent = 2;
 
 const char* TypeName(PROFILE_TYPE type) {
     switch (type) {
@@ -87,20 +85,16 @@ void PrintHeader(const kmProfile& profile) {
 }
 
 using Texts = std::vector<kmString>;
+using CandidateText = std::string (*)(const Texts& display, const Texts& values, std::size_t index);
 
 // The text shown for the candidate; the lists of a damaged file may differ in length.
 std::string ShownText(const Texts& display, const Texts& values, std::size_t index) {
     return Utf8FromText(index < display.size() ? display[index] : values[index]);
 }
 
-// What the view shows, and behind it in brackets what to set, where that cannot be guessed.
 std::string ShownTextAndValue(const Texts& display, const Texts& values, std::size_t index) {
-    const std::string shown = ShownText(display, values, index);
-    const std::string value = Utf8FromText(values[index]);
-    return shown.starts_with(value) ? shown : shown + " [" + value + ']';
+    return TextAndValue(ShownText(display, values, index), Utf8FromText(values[index]));
 }
-
-using CandidateText = std::string (*)(const Texts& display, const Texts& values, std::size_t index);
 
 std::vector<std::string> Choices(const Texts& display, const Texts& values, CandidateText text) {
     std::vector<std::string> choices;
@@ -130,53 +124,11 @@ TableRow AdvancedRow(const kmProfileItem& item) {
     return row;
 }
 
-void PrintSimpleView(const kmProfile& profile) {
-    std::vector<kmProfileItem> items = profile.GetSimpleItems();
-    if (items.empty()) return;
-    std::stable_sort(items.begin(), items.end(), [](const kmProfileItem& a, const kmProfileItem& b) {
-        return a.GetSimplePriority() < b.GetSimplePriority();
-    });
-    std::vector<TableRow> rows;
-    for (const kmProfileItem& item : items) rows.push_back(SimpleRow(item));
-    Print("\nSimple view\n");
-    PrintTable(rows, kIndent);
-}
-
-struct Group {
-    kmString name;
-    std::vector<TableRow> rows;
-};
-
-// The groups in the order of their first items.
-std::vector<Group> AdvancedGroups(const kmProfile& profile) {
-    std::vector<kmProfileItem> items = profile.GetProfileItems();
-    std::stable_sort(items.begin(), items.end(), [](const kmProfileItem& a, const kmProfileItem& b) {
-        return a.GetAdvPriority() < b.GetAdvPriority();
-    });
-    std::vector<Group> groups;
-    for (const kmProfileItem& item : items) {
-        const kmString name = item.GetAdvGroup();
-        auto group = std::find_if(groups.begin(), groups.end(),
-                                  [&](const Group& known) { return known.name == name; });
-        if (group == groups.end()) group = groups.insert(groups.end(), {name, {}});
-        group->rows.push_back(AdvancedRow(item));
-    }
-    return groups;
-}
-
-void PrintAdvancedView(const kmProfile& profile) {
-    for (const Group& group : AdvancedGroups(profile)) {
-        const std::string name = group.name.empty() ? "other settings" : Printable(Utf8FromText(group.name));
-        Print("\nAdvanced view: " + name + '\n');
-        PrintTable(group.rows, kIndent);
-    }
-}
-
 void Show(const std::string& id, const std::string& folder) {
     const kmProfile profile = LoadProfile(folder, id);
     PrintHeader(profile);
-    PrintSimpleView(profile);
-    PrintAdvancedView(profile);
+    PrintSimpleView(profile.GetSimpleItems(), SimpleRow);
+    PrintAdvancedView(profile.GetProfileItems(), AdvancedRow);
 }
 
 }  // namespace

@@ -17,15 +17,13 @@ std::size_t WidthOf(const std::string& text) {
     return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), StartsCharacter));
 }
 
-std::vector<std::size_t> ColumnWidths(const std::vector<TableRow>& rows) {
-    std::vector<std::size_t> widths;
+void WidenFor(const std::vector<TableRow>& rows, std::vector<std::size_t>& widths) {
     for (const TableRow& row : rows) {
         widths.resize(std::max(widths.size(), row.cells.size()));
         for (std::size_t i = 0; i < row.cells.size(); ++i) {
             widths[i] = std::max(widths[i], std::min(WidthOf(row.cells[i]), kWidestColumn));
         }
     }
-    return widths;
 }
 
 void AppendCells(std::string& line, const TableRow& row, const std::vector<std::size_t>& widths) {
@@ -54,10 +52,8 @@ void AppendList(std::string& text, const std::vector<std::string>& list, std::si
     }
 }
 
-}  // namespace
-
-void PrintTable(const std::vector<TableRow>& rows, std::size_t indent) {
-    const std::vector<std::size_t> widths = ColumnWidths(rows);
+void PrintRows(const std::vector<TableRow>& rows, const std::vector<std::size_t>& widths,
+               std::size_t indent) {
     std::size_t listColumn = indent;
     for (const std::size_t width : widths) listColumn += width == 0 ? 0 : width + kGap;
     for (const TableRow& row : rows) {
@@ -66,5 +62,23 @@ void PrintTable(const std::vector<TableRow>& rows, std::size_t indent) {
         AppendList(text, row.list, listColumn);
         text.erase(text.find_last_not_of(' ') + 1);
         Print(text + '\n');
+    }
+}
+
+}  // namespace
+
+void PrintTable(const std::vector<TableRow>& rows, std::size_t indent) {
+    std::vector<std::size_t> widths;
+    WidenFor(rows, widths);
+    PrintRows(rows, widths, indent);
+}
+
+void PrintSections(const std::vector<TableSection>& sections, std::size_t indent) {
+    std::vector<std::size_t> widths;
+    for (const TableSection& section : sections) WidenFor(section.rows, widths);
+    for (std::size_t i = 0; i < sections.size(); ++i) {
+        if (i > 0) Print("\n");
+        Print(Printable(sections[i].heading) + '\n');
+        PrintRows(sections[i].rows, widths, indent);
     }
 }

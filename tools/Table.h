@@ -13,3 +13,11 @@ struct TableRow {
 // Prints the rows behind `indent` spaces. Columns in which every cell is empty take no room. Rows must have
 // the same number of cells.
 void PrintTable(const std::vector<TableRow>& rows, std::size_t indent);
+
+struct TableSection {
+    std::string heading;
+    std::vector<TableRow> rows;
+};
+
+// Prints the sections with an empty line between them, the rows of all of them in the same columns.
+void PrintSections(const std::vector<TableSection>& sections, std::size_t indent);

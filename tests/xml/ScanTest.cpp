@@ -31,4 +31,27 @@ TEST(Scan, FastFormsAnswerLikeThePortableOnes) {
     }
 }
 
+// Attributes of every length around the window in which they are looked for, plain and spoilt in one place.
+TEST(Scan, PlainAttributesAreFoundLikeThePortableFormFindsThem) {
+    constexpr kmChar kSpoilers[] = {'<',    '&',    '"',    '\'',   '=', ' ', 0,
+                                    0x8000, 0xFF22, 0x7F22, 0x0122, '>', '?'};
+    for (std::size_t name = 0; name < 36; ++name) {
+        for (std::size_t value = 0; value < 52; ++value) {
+            kmString text = kmString(name, 'n') + KM_TEXT("=\"") + kmString(value, 'v') + KM_TEXT("\" ");
+            const std::size_t size = text.size();
+            text.append(kScanPadding, kmChar{0});
+            ASSERT_EQ(scan::FindPlainAttribute(text.c_str()).valueEnd != nullptr, name > 0)
+                << name << ' ' << value;
+            for (std::size_t at = 0; at < size; ++at) {
+                kmString spoilt = text;
+                spoilt[at] = kSpoilers[(name + value + at) % std::size(kSpoilers)];
+                const PlainAttribute found = scan::FindPlainAttribute(spoilt.c_str());
+                const PlainAttribute expected = portable::FindPlainAttribute(spoilt.c_str());
+                ASSERT_EQ(found.nameEnd, expected.nameEnd) << name << ' ' << value << ' ' << at;
+                ASSERT_EQ(found.valueEnd, expected.valueEnd) << name << ' ' << value << ' ' << at;
+            }
+        }
+    }
+}
+
 }  // namespace

@@ -1,0 +1,33 @@
+#include "Settings.h"
+
+#include <cstddef>
+
+#include "Failure.h"
+#include "Texts.h"
+
+Setting ReadSetting(const std::string& text, const std::string& where) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos) {
+        throw UsageFailure((where.empty() ? where : where + ": ") + Quoted(text) + " is not name=value");
+    }
+    return {TextFromUtf8(text.substr(0, equals)), TextFromUtf8(text.substr(equals + 1))};
+}
+
+void RequireAcceptable(const kmProfile& profile, const Setting& setting, const std::string& where) {
+    const std::string name = Utf8FromText(setting.name);
+    if (!profile.ItemExist(setting.name)) {
+        const std::string owner =
+            where.empty() ? Quoted(Utf8FromText(profile.GetID())) : where + ": the profile";
+        throw Failure(owner + " has no setting " + Quoted(name));
+    }
+    kmString message;
+    if (kmProfileItem::Check(message, setting.name.c_str(), setting.value.c_str())) return;
+    throw Failure((where.empty() ? where : where + ' ') + name + '=' + Utf8FromText(setting.value) + ": " +
+                  Utf8FromText(message));
+}
+
+void ApplySetting(kmProfile& profile, const std::string& text, const std::string& where) {
+    const Setting setting = ReadSetting(text, where);
+    RequireAcceptable(profile, setting, where);
+    profile.SetItemValue(setting.name.c_str(), setting.value.c_str());
+}
