@@ -67,7 +67,7 @@ bool kmManager::AddUserProfile(const kmChar* id) {
 bool kmManager::DeleteProfile(const kmString& id) {
     const auto record = FindRecord(id.c_str());
     if (record == m_profiles.end() || record->m_isSystem) return false;
-    const kmString deleted = id.c_str();  // a copy: `id` may stand in a list that changes here
+    const kmString deleted = id;  // `id` may stand in a list that changes here
     if (!RemoveFile(ProfilePath(GetUserFolder(m_profilesFolder.c_str()), deleted).c_str())) return false;
     m_profiles.erase(record);
     EraseFirst(m_userGroup.m_profileIDs, deleted);

@@ -38,6 +38,7 @@ kmManager::~kmManager() = default;
 kmManager::kmManager(const kmManager& other) { *this = other; }
 
 kmManager& kmManager::operator=(const kmManager& other) {
+    if (this == &other) return *this;
     m_idFilter = other.m_idFilter;
     m_groupFilter = other.m_groupFilter;
     m_systemGroups = other.m_systemGroups;

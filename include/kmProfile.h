@@ -170,7 +170,7 @@ private:
 
     void LimitMP3Bitrate();
     void CorrectWMASampleRate();
-    void AppendOptions(kmString& options, bool withAudio) const;
+    kmString JoinOptions(bool withAudio) const;
 
     bool CountsStream(const kmChar* disablingItem) const;
     double AudioBytes(double seconds, std::int32_t compressedBitrate) const;

@@ -1,13 +1,14 @@
 // The options for the encoder's command line. Everything is appended to one text that is large enough from
 // the start; options are found by the hash of their names, and what is special about some of them is a bit
-// that the compiler puts into a table beside the option table.
+// that the compiler puts into a copy of the option table.
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
-#include "kmArgOption.h"
 #include "kmMP3Limit.h"
 #include "kmProfile.h"
+#include "options/FindOption.h"
 #include "options/OptionTable.h"
 #include "text/Numbers.h"
 #include "text/kmCTString.h"
@@ -52,18 +53,35 @@ constexpr NamedTraits kNamedTraits[] = {
     {KM_TEXT("ac"), TRAIT_CHANNELS},
 };
 
-// A name that the option table lacks would index beyond the array, which the compiler refuses.
-constexpr auto BuildTraits() {
-    std::array<std::uint8_t, kOptionCount> traits{};
+// A row of the option table with its lengths measured, and its traits.
+struct Option {
+    kmStringView name;
+    kmStringView defVal;  // of null: none
+    std::uint32_t flags = 0;
+    int traits = 0;
+};
+
+constexpr std::size_t kLongestName = 12;
+
+// A named trait whose option the table lacks would index beyond the array, which the compiler refuses.
+constexpr auto BuildOptions() {
+    std::array<Option, kOptionCount> options{};
+    for (std::size_t row = 0; row < options.size(); ++row) {
+        options[row].name = kOptionRows[row].name;
+        if (kOptionRows[row].defVal != nullptr) options[row].defVal = kOptionRows[row].defVal;
+        options[row].flags = kOptionRows[row].flags;
+    }
     for (const NamedTraits& named : kNamedTraits) {
         std::size_t row = 0;
-        while (kOptionRows[row].name != named.name) ++row;
-        traits[row] = static_cast<std::uint8_t>(named.traits);
+        while (options[row].name != named.name) ++row;
+        options[row].traits = named.traits;
     }
-    return traits;
+    return options;
 }
 
-constexpr auto kTraits = BuildTraits();
+constexpr auto kOptions = BuildOptions();
+static_assert(std::all_of(kOptions.begin(), kOptions.end(),
+                          [](const Option& option) { return option.name.size() <= kLongestName; }));
 
 constexpr kmStringView kDiscTargets[] = {KM_TEXT("DVD"), KM_TEXT("VCD"), KM_TEXT("SVCD")};
 
@@ -72,54 +90,77 @@ bool IsDiscTarget(kmStringView target) {
                        [target](kmStringView disc) { return EqualNoCase(disc, target); });
 }
 
-void AppendLower(kmString& options, kmStringView text) {
-    for (const kmChar c : text) options += FoldLower(c);
-}
+// Puts the pieces behind each other into a text that was made large enough beforehand.
+class Pieces {
+public:
+    // More than any option needs besides its value: its name in "-", a quotation mark, "K" and spaces, where
+    // "pq" also turns one digit into a number; or what "pcodec" becomes.
+    static constexpr std::size_t kPerOption = kLongestName + 6 + 10;
 
-void AppendSwitch(kmString& options, const _ArgOption& option, kmStringView value) {
+    explicit Pieces(kmString& text) : m_at(text.data()) {}
+
+    const kmChar* End() const { return m_at; }
+    Pieces& Put(kmChar unit) {
+        *m_at++ = unit;
+        return *this;
+    }
+    Pieces& Put(kmStringView text) {
+        std::memcpy(m_at, text.data(), text.size() * sizeof(kmChar));
+        m_at += text.size();
+        return *this;
+    }
+    Pieces& PutLower(kmStringView text) {
+        m_at = std::transform(text.begin(), text.end(), m_at, FoldLower);
+        return *this;
+    }
+
+private:
+    kmChar* m_at;
+};
+
+void PutSwitch(Pieces& pieces, const Option& option, kmStringView value) {
     if (!EqualNoCase(value, KM_TEXT("true")) && !EqualNoCase(value, KM_TEXT("yes"))) return;
-    options.append(KM_TEXT("-")).append(option.name);
-    options.append((option.flags & ARG_SWITCH_ONE) != 0 ? KM_TEXT(" 1 ") : KM_TEXT(" "));
+    pieces.Put(KM_TEXT('-')).Put(option.name);
+    pieces.Put((option.flags & ARG_SWITCH_ONE) != 0 ? KM_TEXT(" 1 ") : KM_TEXT(" "));
 }
 
-bool IsDefault(const _ArgOption& option, kmStringView value) {
-    if (option.defVal == nullptr) return false;
+bool IsDefault(const Option& option, kmStringView value) {
+    if (option.defVal.data() == nullptr) return false;
     return (option.flags & ARG_LOWER_TEXT) != 0 ? value == option.defVal : EqualNoCase(value, option.defVal);
 }
 
-void AppendPictureFormat(kmString& options, kmStringView format) {
+void PutPictureFormat(Pieces& pieces, kmStringView format) {
     if (EqualNoCase(format, KM_TEXT("JPG"))) {
-        options += KM_TEXT("-f image2 -vcodec mjpeg ");
+        pieces.Put(KM_TEXT("-f image2 -vcodec mjpeg "));
     } else if (EqualNoCase(format, KM_TEXT("GIF"))) {
-        options += KM_TEXT("-pix_fmt rgb24 -f gif ");
+        pieces.Put(KM_TEXT("-pix_fmt rgb24 -f gif "));
     } else {
-        options += KM_TEXT("-f image2 -vcodec ");
-        AppendLower(options, format);
-        options += KM_TEXT(' ');
+        pieces.Put(KM_TEXT("-f image2 -vcodec ")).PutLower(format).Put(KM_TEXT(' '));
     }
 }
 
 // `value` ends where a null-terminated text does, or in front of trailing spaces, which end a number too.
-void AppendValue(kmString& options, const _ArgOption& option, int traits, kmStringView value) {
+void PutValue(Pieces& pieces, const Option& option, kmStringView value) {
+    const int traits = option.traits;
     if ((traits & TRAIT_PICTURE_QUALITY) != 0) {
-        options += IntegerText(WrapAdd(WrapMultiply(ReadInteger(value.data(), 0), 60), 1));
+        pieces.Put(IntegerText(WrapAdd(WrapMultiply(ReadInteger(value.data(), 0), 60), 1)));
     } else if ((traits & TRAIT_CHANNELS) != 0 && value.front() == KM_TEXT('5')) {
-        options += KM_TEXT('6');
+        pieces.Put(KM_TEXT('6'));
     } else if ((option.flags & ARG_LOWER_TEXT) != 0) {
-        AppendLower(options, value);
+        pieces.PutLower(value);
     } else {
-        options += value;
+        pieces.Put(value);
         if ((traits & TRAIT_KILOBITS) != 0 && FoldLower(value.back()) != KM_TEXT('k'))
-            options += KM_TEXT('K');
+            pieces.Put(KM_TEXT('K'));
     }
 }
 
-void AppendValuedOption(kmString& options, const _ArgOption& option, int traits, kmStringView value) {
+void PutValuedOption(Pieces& pieces, const Option& option, kmStringView value) {
     if (IsDefault(option, value)) return;
-    if ((traits & TRAIT_PICTURE_FORMAT) != 0) return AppendPictureFormat(options, value);
-    options.append(KM_TEXT("-")).append(option.name).append(KM_TEXT(" \""));
-    AppendValue(options, option, traits, value);
-    options.append(KM_TEXT("\" "));
+    if ((option.traits & TRAIT_PICTURE_FORMAT) != 0) return PutPictureFormat(pieces, value);
+    pieces.Put(KM_TEXT('-')).Put(option.name).Put(KM_TEXT(' ')).Put(KM_TEXT('"'));
+    PutValue(pieces, option, value);
+    pieces.Put(KM_TEXT('"')).Put(KM_TEXT(' '));
 }
 
 // " -vn " and the like, unless the options hold it already.
@@ -145,37 +186,36 @@ void kmProfile::CorrectWMASampleRate() {
     }
 }
 
-void kmProfile::AppendOptions(kmString& options, bool withAudio) const {
+kmString kmProfile::JoinOptions(bool withAudio) const {
+    std::size_t length = 0;
+    for (const kmProfileItem& item : m_items) length += item.m_value.size() + Pieces::kPerOption;
+    kmString options(length, KM_TEXT(' '));
+    Pieces pieces(options);
     kmStringView target;
     for (const kmProfileItem& item : m_items) {
         const kmStringView value = TrimView(item.m_value, KM_TEXT(' '));
         if (value.empty()) continue;
-        const int index = kmArgOption::GetOptionID(item.m_id.c_str());
+        const int index = FindOption(item.m_id);
         if (index < 0) continue;
-        const _ArgOption& option = kOptionRows[index];
+        const Option& option = kOptions[static_cast<std::size_t>(index)];
         if ((option.flags & ARG_NOT_PASSED) != 0 || (!withAudio && (option.flags & ARG_AUDIO) != 0)) continue;
         if ((option.flags & ARG_SWITCH) != 0) {
-            AppendSwitch(options, option, value);
+            PutSwitch(pieces, option, value);
             continue;
         }
-        const int traits = kTraits[static_cast<std::size_t>(index)];
-        if ((traits & TRAIT_HELD_BACK) != 0) continue;
-        if ((traits & TRAIT_TARGET) != 0) target = value;
-        if ((traits & TRAIT_SET_BY_TARGET) != 0 && IsDiscTarget(target)) continue;
-        AppendValuedOption(options, option, traits, value);
+        if ((option.traits & TRAIT_HELD_BACK) != 0) continue;
+        if ((option.traits & TRAIT_TARGET) != 0) target = value;
+        if ((option.traits & TRAIT_SET_BY_TARGET) != 0 && IsDiscTarget(target)) continue;
+        PutValuedOption(pieces, option, value);
     }
+    options.resize(static_cast<std::size_t>(pieces.End() - options.data()));
+    return options;
 }
 
 kmString kmProfile::GetAvcString(bool withAudio) {
     LimitMP3Bitrate();
     CorrectWMASampleRate();
-    constexpr std::size_t kPerOption = 20;  // a long name, "-", the quotation marks and spaces
-    kmString options;
-    std::size_t length = kPerOption;
-    for (const kmProfileItem& item : m_items) length += item.m_value.size() + kPerOption;
-    options.reserve(length);
-
-    AppendOptions(options, withAudio);
+    kmString options = JoinOptions(withAudio);
     options += KM_TEXT(' ');
     const PROFILE_TYPE type = GetType();
     if (type == PROFILE_TYPE_AUDIO) AppendClosing(options, KM_TEXT(" -vn "));

@@ -76,7 +76,7 @@ PROFILE_EERROR kmProfile::FindSaveRefusal(const kmString& newID, bool overwrite)
 
 // The ID is copied here and in ReName: a callback may change the list that the caller's text stands in.
 PROFILE_EERROR kmProfile::Save(const kmString& targetID, bool overwrite) {
-    const kmString newID = targetID;
+    const kmString newID = targetID;  // NOLINT(performance-unnecessary-copy-initialization)
     if (m_folder.empty()) return PROFILE_ERROR_FILE;
     const PROFILE_EERROR refusal = FindSaveRefusal(newID, overwrite);
     if (refusal != PROFILE_ERROR_NONE) return refusal;
@@ -114,7 +114,7 @@ XMLNode kmProfile::BuildDocument(const kmString& newID) {
 }
 
 PROFILE_EERROR kmProfile::ReName(const kmString& targetID) {
-    const kmString newID = targetID;
+    const kmString newID = targetID;  // NOLINT(performance-unnecessary-copy-initialization)
     kmManager& manager = kmManager::GetInstance();
     if (m_isSystem || manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
     if (manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;

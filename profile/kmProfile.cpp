@@ -17,8 +17,9 @@ void kmProfile::CopyFrom(const kmProfile& other) {
 const kmProfileItem* kmProfile::GetProfileItem(const kmChar* id) const {
     if (id == nullptr) return nullptr;
     const kmStringView wanted = id;
-    const auto found = std::find_if(m_items.begin(), m_items.end(),
-                                    [wanted](const kmProfileItem& item) { return item.m_id == wanted; });
+    const auto found = std::find_if(m_items.begin(), m_items.end(), [wanted](const kmProfileItem& item) {
+        return EqualExactly(item.m_id, wanted);
+    });
     return found == m_items.end() ? nullptr : &*found;
 }
 
