@@ -27,8 +27,8 @@ void AddFiles(ProfileFolder& folder, const fs::path& path) {
         if (!entry.is_regular_file() || entry.path().extension() != ".pf") continue;
         ProfileFile file;
         file.path = entry.path().string();
-        file.libraryPath = LibraryPath(file.path);
-        file.libraryFolder = LibraryPath((path / "").string());
+        file.textPath = LibraryPath(file.path);
+        file.textFolder = LibraryPath((path / "").string());
         file.id = LibraryPath(entry.path().stem().string());
         file.size = entry.file_size();
         folder.bytes += file.size;
@@ -58,7 +58,7 @@ private:
 ProfileFolder ListProfiles(const fs::path& root) {
     ProfileFolder folder;
     folder.root = fs::absolute(root);
-    folder.libraryRoot = LibraryPath((folder.root / "").string());
+    folder.textRoot = LibraryPath((folder.root / "").string());
     AddFiles(folder, folder.root);
     if (fs::is_directory(folder.root / "user")) AddFiles(folder, folder.root / "user");
     std::sort(folder.files.begin(), folder.files.end(),

@@ -13,15 +13,15 @@
 // One profile file, named as the machine and as the library want it.
 struct ProfileFile {
     std::string path;
-    kmString libraryPath;
-    kmString libraryFolder;
+    kmString textPath;
+    kmString textFolder;
     kmString id;
     std::uintmax_t size = 0;
 };
 
 struct ProfileFolder {
     std::filesystem::path root;
-    kmString libraryRoot;
+    kmString textRoot;
     std::vector<ProfileFile> files;  // of the folder and of its "user" subfolder, sorted by path
     std::uintmax_t bytes = 0;
 };

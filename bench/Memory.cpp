@@ -38,7 +38,7 @@ double BytesPerFileByte(const ProfileFolder& folder, Open open) {
 
 double LibraryBytesPerFileByte(const ProfileFolder& folder) {
     return BytesPerFileByte<XMLNode>(folder, [](const ProfileFile& file) {
-        return XMLNode::OpenDocument(file.libraryPath.c_str(), KM_TEXT("Profiles"));
+        return XMLNode::OpenDocument(file.textPath.c_str(), KM_TEXT("Profiles"));
     });
 }
 

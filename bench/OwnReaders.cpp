@@ -20,7 +20,7 @@ void CountTree(const XMLNode& node, Counts& counts) {
 Counts ReadDocuments(const ProfileFolder& folder) {
     Counts counts;
     for (const ProfileFile& file : folder.files) {
-        const XMLNode root = XMLNode::OpenDocument(file.libraryPath.c_str(), KM_TEXT("Profiles"));
+        const XMLNode root = XMLNode::OpenDocument(file.textPath.c_str(), KM_TEXT("Profiles"));
         if (root.IsEmpty()) continue;
         ++counts.files;
         CountTree(root, counts);
@@ -33,14 +33,14 @@ Counts ReadProfiles(const ProfileFolder& folder) {
     for (const ProfileFile& file : folder.files) {
         kmProfile profile;
         profile.SetID(file.id);
-        if (profile.Load(file.libraryFolder)) ++counts.files;
+        if (profile.Load(file.textFolder)) ++counts.files;
     }
     return counts;
 }
 
 Counts ReadCatalogue(const ProfileFolder& folder) {
     kmManager& manager = kmManager::GetInstance();
-    manager.Load(folder.libraryRoot);
+    manager.Load(folder.textRoot);
     Counts counts;
     counts.files = manager.GetProfiles().size();
     return counts;

@@ -7,20 +7,25 @@ namespace {
 
 constexpr const kmChar* kDefault = KM_TEXT("default");
 
-void ReadFlag(const XMLNode& element, bool& flag) {
-    const kmChar* value = element.FindAttribute(KM_TEXT("SingleFile"));
-    if (value != nullptr) flag = EqualNoCase(value, KM_TEXT("yes"));
-}
+// The settings that one kind of icons has; what the element lacks stays.
+struct Settings {
+    bool& singleImage;
+    std::int32_t& width;
+    std::int32_t& height;
+    kmString& transparentColor;
 
-void ReadSize(const XMLNode& element, const kmChar* name, std::int32_t& size) {
-    const kmChar* value = element.FindAttribute(name);
-    if (value != nullptr) size = ReadInteger(value, 0);
-}
-
-void ReadColor(const XMLNode& element, kmString& color) {
-    const kmChar* value = element.FindAttribute(KM_TEXT("transclr"));
-    if (value != nullptr) color = value;
-}
+    void Read(const XMLNode& element) {
+        const auto read = [&element](const kmChar* name, auto store) {
+            const kmChar* value = element.FindAttribute(name);
+            if (value != nullptr) store(value);
+        };
+        read(KM_TEXT("SingleFile"),
+             [this](const kmChar* value) { singleImage = EqualNoCase(value, KM_TEXT("yes")); });
+        read(KM_TEXT("width"), [this](const kmChar* value) { width = ReadInteger(value, 0); });
+        read(KM_TEXT("height"), [this](const kmChar* value) { height = ReadInteger(value, 0); });
+        read(KM_TEXT("transclr"), [this](const kmChar* value) { transparentColor = value; });
+    }
+};
 
 template <class Add>
 void ForEachIcon(const XMLNode& element, Add add) {
@@ -55,17 +60,11 @@ void kmIconParser::InitParser(const kmChar* folder) {
     const XMLNode items = XMLNode::OpenDocument(indexFile.c_str(), KM_TEXT("items"));
     if (items.IsEmpty()) return;
     const XMLNode groups = items.FindChild(KM_TEXT("groups"));
-    ReadFlag(groups, m_groupSingleImage);
-    ReadSize(groups, KM_TEXT("width"), m_groupIconWidth);
-    ReadSize(groups, KM_TEXT("height"), m_groupIconHeight);
-    ReadColor(groups, m_groupTransColor);
+    Settings{m_groupSingleImage, m_groupIconWidth, m_groupIconHeight, m_groupTransColor}.Read(groups);
     ForEachIcon(groups, addTo(true));
-
     const XMLNode profiles = items.FindChild(KM_TEXT("profiles"));
-    ReadFlag(profiles, m_profileSingleImage);
-    ReadSize(profiles, KM_TEXT("width"), m_profileIconWidth);
-    ReadSize(profiles, KM_TEXT("height"), m_profileIconHeight);
-    ReadColor(profiles, m_profileTransColor);
+    Settings{m_profileSingleImage, m_profileIconWidth, m_profileIconHeight, m_profileTransColor}.Read(
+        profiles);
     ForEachIcon(profiles, addTo(false));
 
     const XMLNode userItems = XMLNode::OpenDocument(GetUserProfileIconfile().c_str(), KM_TEXT("items"));
