@@ -266,6 +266,11 @@ void RespellFile(const kmChar* path) {
     const int order = CompareStringOrdinal(found.c_str(), -1, name.c_str(), -1, TRUE);
     if (order != CSTR_EQUAL || found == name) return;
     MoveFileExW((FolderOf(wanted) + found).c_str(), wanted.c_str(), MOVEFILE_WRITE_THROUGH);
+    if (NameOnDisk(wanted) == name) return;
+    // Not every file system takes a new spelling of the same name, but each takes two different names.
+    const kmString between = wanted + KM_TEXT(".respelling");
+    if (MoveFileExW(wanted.c_str(), between.c_str(), MOVEFILE_WRITE_THROUGH) == 0) return;
+    MoveFileExW(between.c_str(), wanted.c_str(), MOVEFILE_WRITE_THROUGH);
 }
 
 bool EntryExists(const kmChar* path) { return IsThere(ToSystemPath(path)); }
