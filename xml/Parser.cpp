@@ -260,6 +260,10 @@ bool Parser::ParseStartTag(bool isDeclaration) {
 bool Parser::ParseAttributes(Element& element) {
     for (;;) {
         ParsePlainAttributes(element);
+        if (m_at[0] == KM_TEXT('/') && m_at[1] == KM_TEXT('>')) {  // how most elements end
+            m_at += 2;
+            return true;
+        }
         const Token token = NextToken();
         switch (token.kind) {
             case TokenKind::Word:
