@@ -5,12 +5,12 @@
 #include <map>
 #include <string>
 
-namespace {
-
 // Layers of the same rank do not know each other.
-const std::map<std::string, int> kRanks = {{"include", -1}, {"platform", 0},  {"text", 1},
-                                           {"xml", 2},      {"options", 2},   {"icons", 3},
-                                           {"profile", 3},  {"catalogue", 4}, {"list", 4}};
+// clang-format off
+const std::map<std::string, int> kRanks = {
+    {"include", -1}, {"platform", 0}, {"text", 1}, {"xml", 2}, {"options", 2}, {"icons", 3}, {"profile", 3},
+    {"catalogue", 4}, {"list", 4}};
+// clang-format on
 
 TEST(Layers, IncludeOnlyLowerOnes) {
     int seen = 0;
@@ -26,12 +26,9 @@ TEST(Layers, IncludeOnlyLowerOnes) {
                 ++seen;
                 if (target == layer || target == header) continue;  // without a folder: from include/
                 const auto found = kRanks.find(target);
-                EXPECT_TRUE(found != kRanks.end() && found->second < rank)
-                    << entry.path() << " includes " << header;
+                EXPECT_TRUE(found != kRanks.end() && found->second < rank) << entry.path() << header;
             }
         }
     }
     EXPECT_GT(seen, 0) << "no sources in " << KM_SOURCE_DIR;
 }
-
-}  // namespace

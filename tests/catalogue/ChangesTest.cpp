@@ -15,8 +15,10 @@ void Record(PROFILE_CHANGED_TYPE type, const kmChar* first, const kmChar* second
 struct TestManager : kmManager {
     // clang-format off
     TestManager() {
-        for (const kmChar* name : {KM_TEXT("Main.pf"), KM_TEXT("user\\A.pf"), KM_TEXT("user\\B.pf")}) folder.WriteBytes(name, "<Profiles><Main/></Profiles>");
-        folder.WriteBytes(KM_TEXT("S.pf"), "<Profiles><Main><IsSysProfile>yes</IsSysProfile></Main></Profiles>");
+        for (const kmChar* name : {KM_TEXT("Main.pf"), KM_TEXT("user\\A.pf"), KM_TEXT("user\\B.pf")})
+            folder.WriteBytes(name, "<Profiles><Main/></Profiles>");
+        folder.WriteBytes(KM_TEXT("S.pf"),
+                          "<Profiles><Main><IsSysProfile>yes</IsSysProfile></Main></Profiles>");
         Load(folder.Path());
         folder.WriteBytes(KM_TEXT("user\\New.pf"), "<Profiles><Main/></Profiles>");
         for (const kmChar* id : {KM_TEXT("A"), KM_TEXT("B")}) AddRecentProfile(id);
@@ -40,29 +42,44 @@ struct TestManager : kmManager {
     std::string calls;
 };
 
+// The IDs stand between bars. Of the operations on each of them, D deletes, U adds to the user's, R to the
+// recent ones, and a number tells of that change; the state begins with what they return.
 TEST(Changes, UpdateAndTell) {
     // clang-format off
-    const struct { const char* fault; bool (*change)(TestManager&); const char* state; } rows[] = {
-        {"new_profile_not_added", [](TestManager& m) { m.ProfileChanged(PROFILE_SAVED, KM_TEXT("New"), nullptr); return true; }, "Main S A B New | Main A B New | B A | 0 New (null);"},
-        {"saved_profile_twice", [](TestManager& m) { m.ProfileChanged(PROFILE_SAVED, KM_TEXT("A"), nullptr); return true; }, "Main S B A | Main A B | B A | 0 A (null);"},
-        {"folder_itself_read_again", [](TestManager& m) { m.ProfileChanged(PROFILE_SAVED, KM_TEXT("Main"), KM_TEXT("x")); return true; }, "S A B | Main A B | B A | 0 Main x;"},
-        {"deleted_type_drops_the_record", [](TestManager& m) { m.ProfileChanged(PROFILE_DELETED, KM_TEXT("A"), nullptr); return true; }, "Main S A B A | Main A B | B A | 1 A (null);"},
-        {"old_id_stays", [](TestManager& m) { m.ProfileChanged(PROFILE_RENAMED, KM_TEXT("New"), KM_TEXT("A")); return true; }, "Main S B New | Main B New | B New | 2 New A;"},
-        {"old_id_in_other_case_leaves_lists", [](TestManager& m) { m.ProfileChanged(PROFILE_RENAMED, KM_TEXT("New"), KM_TEXT("a")); return true; }, "Main S B New | Main A B New | B A | 2 New a;"},
-        {"recent_list_made_unique", [](TestManager& m) { m.ProfileChanged(PROFILE_RENAMED, KM_TEXT("B"), KM_TEXT("A")); return true; }, "Main S B B | Main B | B B | 2 B A;"},
-        {"recent_type_reads", [](TestManager& m) { m.ProfileChanged(PROFILE_RECENT_ADDED, KM_TEXT("New"), nullptr); return true; }, "Main S A B | Main A B | B A | 3 New (null);"},
-        {"user_profile_not_deleted", [](TestManager& m) { return m.DeleteProfile(m.GetUserGroup().GetProfileIDs()[1]) && !m.DeleteProfile(KM_TEXT("A")); }, "Main S B | Main B | B A | 1 A (null);"},
-        {"wrong_profile_deleted", [](TestManager& m) { return !m.DeleteProfile(KM_TEXT("S")) && !m.DeleteProfile(KM_TEXT("New")) && !m.DeleteProfile(KM_TEXT("Main")); }, "Main S A B | Main A B | B A | "},
-        {"user_folder_read_for_an_addition", [](TestManager& m) { return m.AddUserProfile(KM_TEXT("New")) && m.AddUserProfile(KM_TEXT("Main")); }, "Main S A B Main | Main A B | B A | "},
-        {"nothing_taken_for_an_id", [](TestManager& m) { return !m.AddUserProfile(KM_TEXT("")) && !m.AddUserProfile(nullptr) && !m.AddRecentProfile(KM_TEXT("")) && !m.AddRecentProfile(nullptr); }, "Main S A B | Main A B | B A | "},
-        {"recent_id_moved_or_told", [](TestManager& m) { return m.AddRecentProfile(KM_TEXT("A")) && m.AddRecentProfile(KM_TEXT("a")); }, "Main S A B | Main A B | a B A | 3 a (null);"},
-        {"more_than_ten_recent", [](TestManager& m) { for (kmString id = KM_TEXT("0"); id[0] < KM_TEXT('9'); ++id[0]) m.AddRecentProfile(id.c_str()); m.calls.clear(); return true; }, "Main S A B | Main A B | 8 7 6 5 4 3 2 1 0 B | "}};
+    const struct { char operation; const char *ids, *other, *state; } rows[] = {
+        {'0', "New", "", "Main S A B New | Main A B New | B A | 0 New ;"},
+        {'0', "A", "", "Main S B A | Main A B | B A | 0 A ;"},
+        {'0', "Main", "x", "S A B | Main A B | B A | 0 Main x;"},
+        {'1', "A", "", "Main S A B A | Main A B | B A | 1 A ;"},
+        {'2', "New", "A", "Main S B New | Main B New | B New | 2 New A;"},
+        {'2', "New", "a", "Main S B New | Main A B New | B A | 2 New a;"},
+        {'2', "B", "A", "Main S B B | Main B | B B | 2 B A;"},
+        {'3', "New", "", "Main S A B | Main A B | B A | 3 New ;"},
+        {'D', "A|A", "", "10Main S B | Main B | B A | 1 A (null);"},
+        {'D', "S|New|Main", "", "000Main S A B | Main A B | B A | "},
+        {'U', "New|Main", "", "11Main S A B Main | Main A B | B A | "},
+        {'R', "A|a", "", "11Main S A B | Main A B | a B A | 3 a (null);"}};
     // clang-format on
-    for (const auto& row : rows) {
+    for (const auto& [operation, ids, other, state] : rows) {
         TestManager manager;
-        EXPECT_TRUE(row.change(manager)) << row.fault;
-        EXPECT_EQ(manager.State(), row.state) << row.fault;
+        std::string results;
+        for (const kmString& id : Pieces(ids)) {
+            if (operation == 'D') results += manager.DeleteProfile(id.c_str()) ? "1" : "0";
+            if (operation == 'U') results += manager.AddUserProfile(id.c_str()) ? "1" : "0";
+            if (operation == 'R') results += manager.AddRecentProfile(id.c_str()) ? "1" : "0";
+            if (operation <= '9')
+                manager.ProfileChanged(static_cast<PROFILE_CHANGED_TYPE>(operation - '0'), id.c_str(),
+                                       TextFromBytes(other).c_str());
+        }
+        EXPECT_EQ(results + manager.State(), state) << operation << ids;
     }
+    TestManager manager;
+    for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)})
+        EXPECT_FALSE(manager.AddUserProfile(none) || manager.AddRecentProfile(none));
+    for (const kmString& id : Pieces("0|1|2|3|4|5|6|7|8")) manager.AddRecentProfile(id.c_str());
+    manager.calls.clear();
+    EXPECT_TRUE(manager.DeleteProfile(manager.GetUserGroup().GetProfileIDs()[1]));
+    EXPECT_EQ(manager.State(), "Main S B | Main B | 8 7 6 5 4 3 2 1 0 B | 1 A (null);");
 }
 
 TEST(Changes, CallbacksMayRegisterAndChange) {
@@ -76,18 +93,6 @@ TEST(Changes, CallbacksMayRegisterAndChange) {
     manager.RegisterChangedCallback(nested, &manager);
     manager.ProfileChanged(PROFILE_SAVED, manager.GetRecentGroup().GetProfileIDs()[0].c_str(), nullptr);
     EXPECT_EQ(manager.State(), "Main S A B | Main A B | B+ B A | 0 B (null);3 B+ (null);3 B+ (null);");
-}
-
-TEST(Changes, HarmlessBeforeTheFirstLoad) {
-    struct : kmManager {
-    } manager;
-    std::string calls;
-    manager.RegisterChangedCallback(&Record, &calls);
-    for (const auto type : {PROFILE_SAVED, PROFILE_DELETED, PROFILE_RENAMED}) {
-        manager.ProfileChanged(type, KM_TEXT("A"), KM_TEXT("B"));
-    }
-    EXPECT_EQ(calls, "0 A B;1 A B;2 A B;");
-    EXPECT_TRUE(manager.AddUserProfile(KM_TEXT("A")) && !manager.DeleteProfile(KM_TEXT("A")));
 }
 
 }  // namespace

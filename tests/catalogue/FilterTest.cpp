@@ -9,25 +9,26 @@
 
 namespace {
 
-struct TestManager : kmManager {};
-
 // The texts of two loads, and the IDs that each takes with the number of system groups.
-struct FilterCase {
-    const char *fault, *id, *group, *laterID, *laterGroup, *expected;
-};
+// clang-format off
+struct FilterCase { const char *fault, *id, *group, *laterID, *laterGroup, *expected; };
+// clang-format on
 
 int PrintTaken(const FilterCase& row) {
     const TemporaryFolder folder;
     const CapturedMessages messages;
     // clang-format off
     const std::string system = "<Profiles><Main><IsSysProfile>yes</IsSysProfile></Main>";
-    folder.WriteBytes(KM_TEXT("A.pf"), system + "<Group><GroupName language='Zune'/><GroupName language='iPod'/></Group></Profiles>");
+    folder.WriteBytes(KM_TEXT("A.pf"), system +
+                      "<Group><GroupName language='Zune'/><GroupName language='iPod'/></Group></Profiles>");
     folder.WriteBytes(KM_TEXT("B.pf"), system + "<Group><GroupName language='PSP'/></Group></Profiles>");
     folder.WriteBytes(KM_TEXT("C.pf"), system + "</Profiles>");
     folder.WriteBytes(KM_TEXT("D.pf"), system + "<Group><GroupName/></Group></Profiles>");
-    folder.WriteBytes(KM_TEXT("U.pf"), "<Profiles><Main/><Group><GroupName language='PSP'/></Group></Profiles>");
+    folder.WriteBytes(KM_TEXT("U.pf"),
+                      "<Profiles><Main/><Group><GroupName language='PSP'/></Group></Profiles>");
     // clang-format on
-    TestManager manager;
+    struct : kmManager {
+    } manager;
     for (const auto& [id, group] : {std::pair(row.id, row.group), std::pair(row.laterID, row.laterGroup)}) {
         manager.SetIDFilter(TextFromBytes(id).c_str());
         manager.SetGroupFilter(TextFromBytes(group).c_str());
@@ -50,9 +51,8 @@ TEST(FilterDeathTest, TakesWhatTheListsName) {
         {"group_filter_used_beside_the_other", "B", "Zune", "", "Zune", "^BCU2 BCU2"},
         {"lists_read_without_a_text", "", "", "B", "", "^ABCDU4 BCU2"}};
     // clang-format on
-    for (const FilterCase& row : rows) {
+    for (const FilterCase& row : rows)
         EXPECT_EXIT(std::exit(PrintTaken(row)), testing::ExitedWithCode(0), row.expected) << row.fault;
-    }
 }
 
 }  // namespace

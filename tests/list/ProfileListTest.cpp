@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/Text.h"
-#include "text/kmCTString.h"
 
 namespace {
 
@@ -11,15 +10,13 @@ using Selection = std::vector<kmProfile*>;
 using List = kmProfileList;
 
 // An item with the same lists in both views; its value is the first of them.
-kmProfileItem Item(const kmChar* id, kmStringView display, kmStringView values) {
+kmProfileItem Item(const kmChar* id, const char* display, const char* values) {
     kmProfileItem item;
     item.SetID(id);
     item.SetSimpleName(id);
-    SplitText(display, KM_TEXT(','), item.GetSimpleCandidatesDisplay());
-    SplitText(values, KM_TEXT(','), item.GetSimpleCandidatesValue());
+    item.GetSimpleCandidatesDisplay() = item.GetAdvCandidatesDisplay() = Pieces(display);
+    item.GetSimpleCandidatesValue() = item.GetAdvCandidatesValue() = Pieces(values);
     item.SetValue(item.GetSimpleCandidatesValue()[0]);
-    item.GetAdvCandidatesDisplay() = item.GetSimpleCandidatesDisplay();
-    item.GetAdvCandidatesValue() = item.GetSimpleCandidatesValue();
     return item;
 }
 
@@ -38,43 +35,44 @@ TEST(ProfileList, SeveralProfilesAnswerAsOne) {
     constexpr const kmChar *x = KM_TEXT("x"), *b = KM_TEXT("b"), *zoom = KM_TEXT("Zoom"),
                            *alone = KM_TEXT("alone");
     kmProfile first, second;
-    // clang-format off
-    first.GetProfileItems() = {Item(x, KM_TEXT("A,B,C"), KM_TEXT("Auto,2,3")), Item(alone, KM_TEXT("A"), KM_TEXT("1")), Item(b, KM_TEXT("D"), KM_TEXT("1")), Item(zoom, KM_TEXT("o,p,q,r"), KM_TEXT("0"))};
-    second.GetProfileItems() = {Item(zoom, KM_TEXT("z,p"), KM_TEXT("0")), Item(b, KM_TEXT("E"), KM_TEXT("1")), Item(x, KM_TEXT("C,A,D"), KM_TEXT("30,auto,50"))};
+    first.GetProfileItems() = {Item(x, "A|B|C", "Auto|2|3"), Item(alone, "A", "1"), Item(b, "D", "1"),
+                               Item(zoom, "o|p|q|r", "0")};
+    second.GetProfileItems() = {Item(zoom, "z|p", "0"), Item(b, "E", "1"), Item(x, "C|A|D", "30|auto|50")};
     second.GetProfileItems()[1].SetSimpleName({});
     second.GetProfileItems()[1].SetAdvReadOnly(true);
     second.GetProfileItems()[2].SetSimpleReadOnly(true);
     second.SetItemValue(x, KM_TEXT("auto"));
-    const Selection both{&first, &second}, swapped{&second, &first}, none;
-    kmString message = KM_TEXT("kept");
-    // In order: the setting ones change what the later ones see.
-    const struct { const char* fault; std::string got, expected; } rows[] = {
-        {"order_or_common_texts_wrong", Shown(List::GetSimpleItems(both), true), "x3 A CZoom1 p"},
-        {"advanced_view_of_simple_items_alone", Shown(List::GetAdvanceItems(both), false), "x3 A Cb1Zoom1 p"},
-        {"letter_case_of_a_later_profile", Utf8(List::GetItemValue(both, x)), "Auto"},
-        {"value_that_one_lacks", Utf8(List::GetItemValue(both, alone)), ""},
-        {"position_in_the_own_list", std::to_string(List::GetSimpleItemValue(both, x)), "0"},
-        {"common_text_not_set", std::to_string(List::SetSimpleItemValue(both, x, 1)), "1"},
-        {"set_by_position", Utf8(first.GetItemValue(x)) + " " + Utf8(second.GetItemValue(x)), "3 30"},
-        {"common_text_not_found", std::to_string(List::GetSimpleItemValue(both, x)), "1"},
-        {"position_out_of_range_set", std::to_string(List::SetSimpleItemValue(both, x, 2) + List::SetSimpleItemValue(both, x, -1)), "0"},
-        {"item_of_one_set_simply", std::to_string(List::SetSimpleItemValue(both, alone, 0) + List::SetSimpleItemValue(both, nullptr, 0)), "0"},
-        {"item_of_one_not_set", List::SetItemValue(both, alone, KM_TEXT("7")) ? Utf8(first.GetItemValue(alone)) : "", "7"},
-        {"text_that_not_all_offer_found", std::to_string(second.SetItemValue(x, KM_TEXT("50")) ? List::GetSimpleItemValue(both, x) : 0), "-1"},
-        {"read_only_in_the_wrong_view", std::to_string(List::IsReadOnly(both, b)) + std::to_string(List::IsReadOnly(both, x)), "10"},
-        {"valid_for_a_missing_item", List::IsValidValue(message, swapped, alone, KM_TEXT("1")) ? "valid" : Utf8(message), "kept"},
-        {"valid_value_refused", List::IsValidValue(message, both, b, KM_TEXT("8")) ? Utf8(message) : "invalid", "kept"},
-        {"value_not_checked", List::IsValidValue(message, both, b, KM_TEXT("-8")) ? "valid" : Utf8(message), "Please input a valid value large than zero!"},
-        {"zoom_counts_from_one", Utf8(List::GetDisplayValue(both, zoom, KM_TEXT("0x3"))), "r"},
-        {"zoom_zero_shown", Utf8(List::GetDisplayValue(both, zoom, KM_TEXT("0"))), ""},
-        {"zoom_behind_the_end_of_the_first", Utf8(List::GetDisplayValue(swapped, zoom, KM_TEXT("2"))), ""},
-        {"different_texts_shown", Utf8(List::GetDisplayValue(both, b, KM_TEXT("1")) + List::GetDisplayValue({&first}, b, KM_TEXT("1"))), "D"},
-        {"value_shown_in_other_case", Utf8(List::GetDisplayValue({&first}, x, KM_TEXT("auto")) + List::GetDisplayValue({&first}, x, nullptr)), ""},
-        {"empty_selection_refuses", std::to_string(List::IsValidValue(message, none, b, KM_TEXT("?"))) + std::to_string(List::SetItemValue(none, b, KM_TEXT("1"))), "11"},
-        {"empty_selection_has_values", Utf8(List::GetItemValue(none, b) + List::GetDisplayValue(none, zoom, KM_TEXT("1"))) + Shown(List::GetSimpleItems(none), true), ""},
-        {"empty_selection_set", std::to_string(List::SetSimpleItemValue(none, b, 0)) + std::to_string(List::GetSimpleItemValue(none, b)), "0-1"}};
-    // clang-format on
-    for (const auto& row : rows) EXPECT_EQ(row.got, row.expected) << row.fault;
+    const Selection one{&first}, both{&first, &second}, swapped{&second, &first}, none;
+    const auto show = [](const Selection& selection, const kmChar* id, const kmChar* value) {
+        return Utf8(List::GetDisplayValue(selection, id, value));
+    };
+    const auto valid = [](const Selection& selection, const kmChar* id, const kmChar* value) {
+        kmString message = KM_TEXT("kept");
+        const bool accepted = List::IsValidValue(message, selection, id, value);
+        return (accepted ? "1 " : "0 ") + Utf8(message);
+    };
+    EXPECT_EQ(Shown(List::GetSimpleItems(both), true), "x3 A CZoom1 p");
+    EXPECT_EQ(Shown(List::GetAdvanceItems(both), false), "x3 A Cb1Zoom1 p");
+    EXPECT_EQ(Utf8(List::GetItemValue(both, x)) + Utf8(List::GetItemValue(both, alone)), "Auto");
+    EXPECT_TRUE(List::GetSimpleItemValue(both, x) == 0 && List::SetSimpleItemValue(both, x, 1));
+    EXPECT_EQ(Utf8(first.GetItemValue(x)) + " " + Utf8(second.GetItemValue(x)), "3 30");
+    EXPECT_EQ(List::GetSimpleItemValue(both, x), 1);
+    EXPECT_FALSE(List::SetSimpleItemValue(both, x, 2) || List::SetSimpleItemValue(both, x, -1));
+    EXPECT_FALSE(List::SetSimpleItemValue(both, alone, 0) || List::SetSimpleItemValue(both, nullptr, 0));
+    EXPECT_TRUE(List::SetItemValue(both, alone, KM_TEXT("7")) && first.GetItemValue(alone) == KM_TEXT("7"));
+    EXPECT_TRUE(second.SetItemValue(x, KM_TEXT("50")) && List::GetSimpleItemValue(both, x) == -1);
+    EXPECT_TRUE(List::IsReadOnly(both, b) && !List::IsReadOnly(both, x));
+    EXPECT_EQ(valid(swapped, alone, KM_TEXT("1")), "0 kept");
+    EXPECT_EQ(valid(both, b, KM_TEXT("8")), "1 kept");
+    EXPECT_EQ(valid(both, b, KM_TEXT("-8")), "0 Please input a valid value large than zero!");
+    EXPECT_EQ(show(both, zoom, KM_TEXT("0x3")), "r") << "positions count from one";
+    EXPECT_EQ(show(both, zoom, KM_TEXT("0")) + show(swapped, zoom, KM_TEXT("2")), "");
+    EXPECT_EQ(show(both, b, KM_TEXT("1")) + show(one, b, KM_TEXT("1")), "D");
+    EXPECT_EQ(show(one, x, KM_TEXT("auto")) + show(one, x, nullptr), "");
+    EXPECT_TRUE(valid(none, b, KM_TEXT("?")) == "1 kept" && List::SetItemValue(none, b, KM_TEXT("1")));
+    EXPECT_TRUE(List::GetItemValue(none, b).empty() && List::GetSimpleItems(none).empty());
+    EXPECT_EQ(show(none, zoom, KM_TEXT("1")), "");
+    EXPECT_TRUE(!List::SetSimpleItemValue(none, b, 0) && List::GetSimpleItemValue(none, b) == -1);
 }
 
 }  // namespace

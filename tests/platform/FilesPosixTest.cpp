@@ -5,28 +5,19 @@
 #include "platform/Files.h"
 #include "tests/support/TemporaryFolder.h"
 
-namespace {
-
-struct NameCase {
-    const char* fault;
-    std::vector<std::string> onDisk;  // each file holds its own name
-    std::string asked;
-    std::string opened;  // empty: none
-};
-
 TEST(FilesPosix, FindsNamesByBytes) {
-    const NameCase rows[] = {
+    // Each file holds its own name; of those on the disk one is opened, or none.
+    // clang-format off
+    const struct { const char* fault; std::vector<std::string> onDisk; std::string asked, opened; } rows[] = {
         {"other_case_before_the_exact_name", {"A.pf", "a.pf"}, "a.pf", "a.pf"},
         {"choice_depends_on_listing_order", {"aB.pf", "AB.pf", "Ab.pf"}, "ab.pf", "AB.pf"},
         {"name_that_is_no_utf8_lost", {"caf\xE9.pf"}, "CAF\xE9.PF", "caf\xE9.pf"},
         {"replaced_byte_matches_another", {"caf\xE8.pf"}, "caf\xE9.pf", ""},
         {"backslash_in_a_name_separates", {"a\\b.pf"}, "A\\B.pf", "a\\b.pf"},
         {"case_folded_beyond_ascii", {"\xC3\x89.pf"}, "\xC3\xA9.pf", ""},
-        {"utf8_name_lost",
-         {"\xF0\x9F\x98\x80\xE6\x97\xA5.pf"},
-         "\xF0\x9F\x98\x80\xE6\x97\xA5.PF",
-         "\xF0\x9F\x98\x80\xE6\x97\xA5.pf"}};
-    for (const NameCase& row : rows) {
+        {"utf8_name_lost", {"\xF0\x9F\x98\x80.pf"}, "\xF0\x9F\x98\x80.PF", "\xF0\x9F\x98\x80.pf"}};
+    // clang-format on
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.fault);
         const TemporaryFolder folder;
         for (const std::string& name : row.onDisk) std::ofstream(folder.SystemPath() / name) << name;
@@ -44,9 +35,5 @@ TEST(FilesPosix, PipeWithoutWriterDoesNotHoldTheCaller) {
     const TemporaryFolder folder;
     ASSERT_EQ(mkfifo((folder.SystemPath() / "p.pf").c_str(), 0600), 0);
     InputFile file;  // whether it opens does not matter; that the call returns does
-    if (file.Open(folder.Path(KM_TEXT("p.pf")).c_str())) {
-        EXPECT_EQ(file.Size(), 0u);
-    }
+    EXPECT_TRUE(!file.Open(folder.Path(KM_TEXT("p.pf")).c_str()) || file.Size() == 0);
 }
-
-}  // namespace

@@ -18,11 +18,8 @@ using Files = std::set<std::string>;
 // What every name in the folder leads to.
 Files State(const TemporaryFolder& folder) {
     Files files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.SystemPath())) {
-        std::string text;
-        std::getline(std::ifstream(entry.path()), text);
-        files.insert(entry.path().filename().string() + ":" + text);
-    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder.SystemPath()))
+        files.insert(entry.path().filename().string() + ":" + ReadBytes(entry.path()));
     return files;
 }
 // On a disk that takes no more than `size` bytes of a file.
@@ -42,8 +39,8 @@ TEST(WritingPosix, OldFileOutlivesAFullDisk) {
     const TemporaryFolder folder;
     folder.WriteBytes(KM_TEXT("f"), "old");
     for (rlim_t size = 0; size < 8; ++size) {
-        EXPECT_EQ(StoreNew(folder, KM_TEXT("f"), size), WriteResult::CannotWrite) << size;
-        EXPECT_EQ(StoreNew(folder, KM_TEXT("new"), size), WriteResult::CannotWrite) << size;
+        for (const kmChar* name : {KM_TEXT("f"), KM_TEXT("new")})
+            EXPECT_EQ(StoreNew(folder, name, size), WriteResult::CannotWrite) << size;
         EXPECT_EQ(State(folder), Files{"f:old"}) << size;
     }
     const XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
@@ -55,9 +52,8 @@ TEST(WritingPosix, TargetKeepsItsKindAndPermissions) {
     const TemporaryFolder folder;
     folder.WriteBytes(KM_TEXT("real"), "old");
     ASSERT_EQ(chmod(folder.SystemPath(KM_TEXT("real")).c_str(), 0640), 0);
-    std::filesystem::create_symlink("real", folder.SystemPath(KM_TEXT("link")));
-    std::filesystem::create_symlink("later", folder.SystemPath(KM_TEXT("dangling")));
-    std::filesystem::create_symlink("circle", folder.SystemPath(KM_TEXT("circle")));
+    for (const auto& [to, from] : {std::pair("real", "link"), {"later", "dangling"}, {"circle", "circle"}})
+        std::filesystem::create_symlink(to, folder.SystemPath() / from);
     EXPECT_EQ(StoreNew(folder, KM_TEXT("LINK")), WriteResult::Done);
     EXPECT_EQ(StoreNew(folder, KM_TEXT("dangling")), WriteResult::Done);
     EXPECT_EQ(StoreNew(folder, KM_TEXT("circle")), WriteResult::CannotOpen);

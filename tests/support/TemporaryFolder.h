@@ -11,6 +11,12 @@
 
 #include "tests/support/Text.h"
 
+// Empty for a file that is not there.
+inline std::string ReadBytes(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 // Names are relative to the folder, with "\" as separator; missing folders on the way are made. Everything
 // goes away with the object.
 class TemporaryFolder {
@@ -49,12 +55,6 @@ public:
         std::ofstream file(path, std::ios::binary);
         file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         if (!file.flush()) throw std::runtime_error("cannot write a file of the test");
-    }
-
-    // Without and with a byte-order mark.
-    void WriteUtf8(kmStringView name, kmStringView text) const { WriteBytes(name, Utf8(text)); }
-    void WriteUtf16(kmStringView name, kmStringView text) const {
-        WriteBytes(name, "\xFF\xFE" + Utf16Bytes(text));
     }
 
 private:

@@ -27,3 +27,28 @@ inline std::vector<kmChar> ExactBuffer(kmStringView text) {
     std::copy(text.begin(), text.end(), buffer.begin());
     return buffer;
 }
+
+// Of UTF-8 in a table, where a backslash separates.
+inline kmString Text(std::string_view bytes) {
+    kmString text = TextFromBytes(bytes);
+    std::replace(text.begin(), text.end(), TextFromBytes("\\").front(), KM_TEXT('\\'));
+    return text;
+}
+
+// The texts between the bars; of an empty list none.
+inline std::vector<kmString> Pieces(std::string_view list) {
+    std::vector<kmString> pieces;
+    for (std::size_t start = 0; !list.empty() && start <= list.size();) {
+        const std::size_t end = std::min(list.find('|', start), list.size());
+        pieces.push_back(TextFromBytes(list.substr(start, end - start)));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+// A bar in front of each.
+inline std::string Joined(const std::vector<kmString>& texts) {
+    std::string joined;
+    for (const kmString& text : texts) joined += '|' + Utf8(text);
+    return joined;
+}

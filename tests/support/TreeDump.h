@@ -2,8 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "tests/support/Text.h"
 #include "xml/XMLNode.h"
@@ -20,27 +18,11 @@ inline std::string DumpHead(const XMLNode& node) {
 }
 
 // An element is its name, [attributes], then in parentheses its 'texts' and its children; a declaration has a
-// "?" in front, the node around a whole file no name, the empty node is "(empty)". Takes trees of any depth.
-inline std::string Dump(const XMLNode& root) {
-    if (root.IsEmpty()) return "(empty)";
-    std::string dump = DumpHead(root);
-    std::vector<std::pair<XMLNode, int>> open{{root, 0}};
-    while (!open.empty()) {
-        auto& [node, next] = open.back();
-        if (next == 0) {
-            for (int i = 0; node.TextAt(i) != nullptr; ++i) {
-                dump += (i == 0 ? "('" : " '") + Utf8(node.TextAt(i)) + "'";
-            }
-        }
-        XMLNode child = node.ChildAt(next);
-        if (child.IsEmpty()) {
-            if (next > 0 || node.TextAt(0) != nullptr) dump += ")";
-            open.pop_back();
-            continue;
-        }
-        dump += (next > 0 || node.TextAt(0) != nullptr ? " " : "(") + DumpHead(child);
-        ++next;
-        open.emplace_back(std::move(child), 0);
-    }
-    return dump;
+// "?" in front, the node around a whole file no name, the empty node is "(empty)".
+inline std::string Dump(const XMLNode& node) {
+    if (node.IsEmpty()) return "(empty)";
+    std::string content;
+    for (int i = 0; node.TextAt(i) != nullptr; ++i) content += " '" + Utf8(node.TextAt(i)) + "'";
+    for (int i = 0; i < node.CountChildren(); ++i) content += " " + Dump(node.ChildAt(i));
+    return DumpHead(node) + (content.empty() ? "" : "(" + content.substr(1) + ")");
 }

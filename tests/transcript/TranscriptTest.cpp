@@ -14,17 +14,6 @@ namespace {
 
 const std::filesystem::path kSource = KM_SOURCE_DIR;
 
-std::string ReadBytes(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string Joined(const std::vector<kmString>& texts) {
-    std::string joined;
-    for (const kmString& text : texts) joined += '|' + Utf8(text);
-    return joined;
-}
-
 // FNV-1a, 64 bits.
 std::uint64_t Hash(std::string_view bytes) {
     std::uint64_t hash = 14695981039346656037u;
@@ -35,7 +24,8 @@ std::uint64_t Hash(std::string_view bytes) {
 class Transcript {
 public:
     std::string Run() {
-        CopySamples();
+        std::filesystem::copy(kSource / "samples/Profiles", m_folder.SystemPath(KM_TEXT("p")),
+                              std::filesystem::copy_options::recursive);
         MakeBrokenFiles();
         kmManager::GetInstance().RegisterChangedCallback(&OnChange, this);
         TellCatalogue();
@@ -55,9 +45,9 @@ private:
     }
 
     void TellMessages() {
+        const std::string root = Utf8(m_folder.Path());
         for (std::size_t& i = m_messagesTold; i < m_messages.All().size(); ++i) {
             CapturedMessage message = m_messages.All()[i];
-            const std::string root = Utf8(m_folder.Path());
             if (message.path.starts_with(root)) message.path.replace(0, root.size(), "<folder>\\");
             Tell("message ", message.code, ' ', message.path, ' ', message.line, ':', message.column, ' ',
                  message.text);
@@ -68,41 +58,33 @@ private:
         static_cast<Transcript*>(self)->Tell("changed ", type, ' ', Utf8(first), ' ', Utf8(second));
     }
 
-    void CopySamples() {
-        std::filesystem::copy(kSource / "samples/Profiles", m_folder.SystemPath(KM_TEXT("p")),
-                              std::filesystem::copy_options::recursive);
-    }
-
     void MakeBrokenFiles() {
         const std::string good =
             "<Profiles><Main><Name language='n'/></Main><Parameter><ab/></Parameter></Profiles>";
-        const auto add = [this](const char* name, std::string_view bytes) {
+        // clang-format off
+        const std::pair<const char*, std::string> files[] = {
+            {"empty", ""}, {"mark alone", "\xEF\xBB\xBF"}, {"no xml", "plain text"},
+            {"cut short", good.substr(0, 40)}, {"end tag missing", "<Profiles>\n  <Main>\n</Profiles>"},
+            {"end tag too many", good + "</Main>"}, {"other root", "<Profile><Main/></Profile>"},
+            {"unknown entity", "<Profiles>\n<Main a='&none;'/></Profiles>"},
+            {"not utf8", "<Profiles><Main><Name language='caf\xE9'/></Main></Profiles>"},
+            {"utf16 cut", "\xFF\xFE" + Utf16Bytes(KM_TEXT("<Profiles><Main/></Profiles>")) + ">"},
+            {"caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC", good},
+            {"\xF0\x9F\x98\x80 UPPER", "\xEF\xBB\xBF" + good}};
+        // clang-format on
+        for (const auto& [name, bytes] : files)
             m_folder.WriteBytes(KM_TEXT("p\\user\\") + TextFromBytes(name) + KM_TEXT(".pf"), bytes);
-        };
-        add("empty", "");
-        add("mark alone", "\xEF\xBB\xBF");
-        add("no xml", "plain text");
-        add("cut short", good.substr(0, 40));
-        add("end tag missing", "<Profiles>\n  <Main>\n</Profiles>");
-        add("end tag too many", good + "</Main>");
-        add("other root", "<Profile><Main/></Profile>");
-        add("unknown entity", "<Profiles>\n<Main a='&none;'/></Profiles>");
-        add("not utf8", "<Profiles><Main><Name language='caf\xE9'/></Main></Profiles>");
-        add("utf16 cut", "\xFF\xFE" + Utf16Bytes(KM_TEXT("<Profiles><Main/></Profiles>")) + ">");
-        add("caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC", good);
-        add("\xF0\x9F\x98\x80 UPPER", "\xEF\xBB\xBF" + good);
     }
 
     void TellCatalogue() {
         kmManager& manager = kmManager::GetInstance();
         manager.Load(m_folder.Path(KM_TEXT("p")));
         TellMessages();
-        std::vector<const kmGroup*> groups{&manager.GetUserGroup(), &manager.GetRecentGroup()};
-        for (const kmGroup& group : manager.GetSystemGroups()) groups.push_back(&group);
-        for (const kmGroup* group : groups) {
-            Tell("group ", Utf8(group->GetName()), Icon(group->GetOriginalName(), true),
-                 Joined(group->GetProfileIDs()));
-        }
+        std::vector<kmGroup> groups = manager.GetSystemGroups();
+        groups.insert(groups.begin(), {manager.GetUserGroup(), manager.GetRecentGroup()});
+        for (const kmGroup& group : groups)
+            Tell("group ", Utf8(group.GetName()), Icon(group.GetOriginalName(), true),
+                 Joined(group.GetProfileIDs()));
         for (const kmProfileInfo& info : manager.GetProfiles()) {
             Tell("record ", info.IsSystem(), Icon(info.GetID(), false),
                  Joined({info.GetID(), info.GetName(), info.GetDesc(), info.GetExtname()}));
@@ -146,8 +128,7 @@ private:
 
     void TellDerived(kmProfile& profile) {
         constexpr std::int64_t kMinute = 60'000'000;
-        std::int32_t width = -1;
-        std::int32_t height = -1;
+        std::int32_t width = -1, height = -1;
         const bool sized = profile.GetSize(width, height);
         Tell("type ", profile.GetType(), " size ", sized, ' ', width, 'x', height, " zoom ",
              profile.GetZoom(), " aspect ", profile.GetAspectratio(), " time ", profile.GetStartTime(), '+',
@@ -176,25 +157,21 @@ private:
 
     void ChangeProfiles() {
         kmManager& manager = kmManager::GetInstance();
+        const kmString music = KM_TEXT("MP3 - High Quality"), radio = KM_TEXT("Car Radio MP3");
         manager.AddRecentProfile(KM_TEXT("Holiday Clips"));
-        manager.AddRecentProfile(KM_TEXT("MP3 - High Quality"));
-        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("MP3 - High Quality"), true);
-        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Copy \u65E5\u672C"), false);
-        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Phone 240p"), false);
-        Save(KM_TEXT("MP3 - High Quality"), KM_TEXT("Phone 240p"), true);
-        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("Car Radio MP3"), false);
-        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("Car \U0001F600"), false);
-        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("a\\b"), false);
-        Save(KM_TEXT("Car Radio MP3"), KM_TEXT("nul"), false);
+        manager.AddRecentProfile(music.c_str());
+        Save(music, music, true);
+        Save(music, KM_TEXT("Copy \u65E5\u672C"), false);
+        for (const bool overwrite : {false, true}) Save(music, KM_TEXT("Phone 240p"), overwrite);
+        for (const kmChar* id : {radio.c_str(), KM_TEXT("Car \U0001F600"), KM_TEXT("a\\b"), KM_TEXT("nul")})
+            Save(radio, id, false);
         Save(KM_TEXT("none"), KM_TEXT("from none"), false);
         Rename(KM_TEXT("Holiday Clips"), KM_TEXT("Holiday Clips 2"));
-        Rename(KM_TEXT("Photo Frame JPG"), KM_TEXT("My iPod Movies"));
-        Rename(KM_TEXT("Photo Frame JPG"), KM_TEXT("cut short"));
-        Rename(KM_TEXT("MP3 - High Quality"), KM_TEXT("any"));
-        for (const kmChar* id :
-             {KM_TEXT("Musique du salon"), KM_TEXT("musique DU salon"), KM_TEXT("PSP"), KM_TEXT("")}) {
+        for (const kmChar* id : {KM_TEXT("My iPod Movies"), KM_TEXT("cut short")})
+            Rename(KM_TEXT("Photo Frame JPG"), id);
+        Rename(music, KM_TEXT("any"));
+        for (const kmString& id : Pieces("Musique du salon|musique DU salon|PSP|"))
             Tell("delete ", Utf8(id), ' ', manager.DeleteProfile(id));
-        }
         Tell("icon copied ",
              kmIconParser::GetInstance().CopyIconFrom(KM_TEXT("new"), KM_TEXT("iPod Audio AAC")));
         TellMessages();

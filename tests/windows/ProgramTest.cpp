@@ -16,26 +16,20 @@ namespace {
 TEST(WindowsProgram, UsesWideTextsAsTheyAre) {
     kmManager& manager = kmManager::GetInstance();
     ASSERT_TRUE(manager.Load(L""));  // "Profiles" beside the program
-    ASSERT_FALSE(manager.GetSystemGroups().empty());
-    const std::wstring firstGroup = manager.GetSystemGroups().front().GetName();
-    EXPECT_EQ(firstGroup, L"Common Video");
-    ASSERT_NE(manager.GetProfileInfo(L"psp h264 480X272"), nullptr);
-    EXPECT_GE(manager.GetIconParser()->GetIconIndex(firstGroup.c_str(), true), 0);
+    ASSERT_EQ(manager.GetSystemGroups().at(0).GetName(), L"Common Video");
+    EXPECT_TRUE(manager.ProfileExist(L"psp h264 480X272"));
+    EXPECT_GE(manager.GetIconParser()->GetIconIndex(L"Common Video", true), 0);
 
     kmProfile profile;
     profile.SetID(L"PSP H264 480x272");
     ASSERT_TRUE(profile.Load({}));
     std::wstring message;
-    EXPECT_FALSE(kmProfileItem::Check(message, L"s", L"wide"));
-    EXPECT_FALSE(message.empty());
+    EXPECT_TRUE(!kmProfileItem::Check(message, L"s", L"wide") && !message.empty());
     ASSERT_TRUE(profile.SetItemValue(L"s", L"320x240"));
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-    EXPECT_TRUE(profile.GetSize(width, height));
-    EXPECT_EQ(width, 320);
+    std::int32_t width = 0, height = 0;
+    EXPECT_TRUE(profile.GetSize(width, height) && width == 320);
     EXPECT_NE(profile.GetAvcString(true).find(L"-vcodec "), std::wstring::npos);
-    EXPECT_EQ(kmProfileList::GetItemValue({&profile}, L"s"), L"320x240");
-    EXPECT_EQ(std::wstring(kmArgOption::GetOptionTitle(L"VCODEC")), L"vcodec");
+    EXPECT_EQ(kmProfileList::GetItemValue({&profile}, kmArgOption::GetOptionTitle(L"S")), L"320x240");
     EXPECT_EQ(profile.Save(profile.GetID(), true), PROFILE_ERROR_SYSTEM);
 }
 
@@ -44,8 +38,8 @@ TEST(WindowsProgram, LibraryExportsThePublicClassesAlone) {
     const auto* base = reinterpret_cast<const char*>(GetModuleHandleW(L"kmprofile.dll"));
     ASSERT_NE(base, nullptr);
     const auto at = [base](DWORD offset) { return static_cast<const void*>(base + offset); };
-    const auto* dos = static_cast<const IMAGE_DOS_HEADER*>(at(0));
-    const auto* headers = static_cast<const IMAGE_NT_HEADERS*>(at(static_cast<DWORD>(dos->e_lfanew)));
+    const LONG start = static_cast<const IMAGE_DOS_HEADER*>(at(0))->e_lfanew;
+    const auto* headers = static_cast<const IMAGE_NT_HEADERS*>(at(static_cast<DWORD>(start)));
     const DWORD offset = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT].VirtualAddress;
     const auto* exports = static_cast<const IMAGE_EXPORT_DIRECTORY*>(at(offset));
     const auto* names = static_cast<const DWORD*>(at(exports->AddressOfNames));
