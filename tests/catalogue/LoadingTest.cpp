@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <regex>
-
 #include "kmManager.h"
 #include "tests/support/Messages.h"
 #include "tests/support/TemporaryFolder.h"
@@ -37,17 +35,19 @@ TEST(Loading, FilesBecomeRecordsAndGroups) {
          "1 2 3 4 5 | Common Video 5| iPod 3| A 1| X 4| others 2| User Defined"},
         {"1.pf:Y(^PSP)|2.pf:Y(zune)|3.pf:Y(Zune)", "1 2 3 | Zune 3| zune 2| ^PSP 1| User Defined"}};
     // clang-format on
+    const std::string yes = "<Main><issysprofile>Yes</issysprofile></Main>";
     TestManager manager;  // the same for all: a load begins anew
     EXPECT_EQ(manager.GetIconParser(), nullptr);
     for (const auto& row : rows) {
         const TemporaryFolder folder;
         for (const kmString& piece : Pieces(row.files)) {
             const std::string file = Utf8(piece);
-            std::string text = file.substr(file.find(':') + 1);
-            text =
-                std::regex_replace(text, std::regex("^Y"), "<Main><issysprofile>Yes</issysprofile></Main>");
-            text = std::regex_replace(text, std::regex("\\((.*)\\)"),
-                                      "<group><GroupName language='$1'/></group>");
+            std::string text;
+            for (const char c : file.substr(file.find(':') + 1))
+                text += c == 'Y'   ? yes
+                        : c == '(' ? "<group><GroupName language='"
+                        : c == ')' ? "'/></group>"
+                                   : std::string(1, c);
             folder.WriteBytes(TextFromBytes(file.substr(0, file.find(':'))),
                               "<profiles>" + text + "</profiles>");
         }
