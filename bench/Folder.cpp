@@ -10,7 +10,7 @@
 
 #include "bench/Generator.h"
 #include "bench/Utf8.h"
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 
 namespace fs = std::filesystem;
 

@@ -8,7 +8,7 @@
 #include "bench/Vocabulary.h"
 #include "kmManager.h"
 #include "options/OptionTable.h"
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "text/Numbers.h"
 
 namespace {

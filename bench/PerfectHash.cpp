@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "options/OptionTable.h"
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include "kmManager.h"
 #include "platform/Files.h"
 #include "text/Folders.h"
-#include "text/ProfileNames.h"
+#include "document/ProfileID.h"
 #include "text/kmCTString.h"
 
 namespace {

@@ -5,6 +5,7 @@
 #include "kmIconParser.h"
 #include "kmManager.h"
 #include "platform/Folder.h"
+#include "document/DefaultFolder.h"
 #include "text/Folders.h"
 #include "text/kmCTString.h"
 #include "xml/XMLNode.h"

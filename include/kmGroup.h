@@ -13,7 +13,7 @@ public:
     kmGroup(const kmGroup& other) = default;
     kmGroup(kmGroup&& other) noexcept = default;
     const kmGroup& operator=(const kmGroup& other);
-    kmGroup& operator=(kmGroup&& other) noexcept = default;
+    const kmGroup& operator=(kmGroup&& other) noexcept;
     virtual ~kmGroup();
 
     // The name as users see it, without leading "^", and as it is stored.

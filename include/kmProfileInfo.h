@@ -12,7 +12,7 @@ public:
     kmProfileInfo(const kmProfileInfo& other) = default;
     kmProfileInfo(kmProfileInfo&& other) noexcept = default;
     const kmProfileInfo& operator=(const kmProfileInfo& other);
-    kmProfileInfo& operator=(kmProfileInfo&& other) noexcept = default;
+    const kmProfileInfo& operator=(kmProfileInfo&& other) noexcept;
     virtual ~kmProfileInfo();
 
     // The profile's file name without ".pf".

@@ -16,7 +16,7 @@ public:
     kmProfileItem(const kmProfileItem& other) = default;
     kmProfileItem(kmProfileItem&& other) noexcept = default;
     const kmProfileItem& operator=(const kmProfileItem& other);
-    kmProfileItem& operator=(kmProfileItem&& other) noexcept = default;
+    const kmProfileItem& operator=(kmProfileItem&& other) noexcept;
     virtual ~kmProfileItem();
 
     // Whether both items have the same ID, exactly; no other field is compared.

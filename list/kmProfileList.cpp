@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 #include "text/Numbers.h"
 
 namespace {

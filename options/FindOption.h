@@ -1,7 +1,7 @@
 // The look-up behind all others, for callers that know how long the name is.
 #pragma once
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // The index of the option of that name, in any letter case; -1 when there is none.
 int FindOption(kmStringView name);

@@ -8,7 +8,7 @@
 
 #include "options/FindOption.h"
 #include "options/OptionTable.h"
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // A file open for reading; closed by the destructor.
 class InputFile {

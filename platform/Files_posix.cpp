@@ -12,7 +12,7 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "platform/Files.h"
 #include "platform/Folder.h"
 

@@ -1,7 +1,7 @@
 // What the running process knows of itself, and its standard output.
 #pragma once
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // The full path of the running executable, with "\" between the folders; empty when it cannot be told.
 kmString ExecutablePath();

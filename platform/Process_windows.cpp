@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <string>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "platform/Process.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "kmProfile.h"
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 struct kmProfile::ItemFields {
     using Text = kmString kmProfileItem::*;

@@ -3,6 +3,7 @@
 
 #include "kmArgOption.h"
 #include "profile/ItemFields.h"
+#include "document/DefaultFolder.h"
 #include "text/Folders.h"
 #include "text/Numbers.h"
 #include "text/kmCTString.h"

@@ -6,7 +6,7 @@
 #include "profile/ItemFields.h"
 #include "text/Folders.h"
 #include "text/Numbers.h"
-#include "text/ProfileNames.h"
+#include "document/ProfileID.h"
 #include "text/kmCTString.h"
 #include "xml/XMLNode.h"
 

@@ -1,6 +1,7 @@
 #include "kmProfileItem.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/Numbers.h"
 #include "text/kmCTString.h"
@@ -31,6 +32,26 @@ kmProfileItem::~kmProfileItem() = default;
 
 const kmProfileItem& kmProfileItem::operator=(const kmProfileItem& other) {
     if (this != &other) *this = kmProfileItem(other);
+    return *this;
+}
+
+const kmProfileItem& kmProfileItem::operator=(kmProfileItem&& other) noexcept {
+    if (this == &other) return *this;
+    m_id = std::move(other.m_id);
+    m_value = std::move(other.m_value);
+    m_advPriority = other.m_advPriority;
+    m_advName = std::move(other.m_advName);
+    m_advGroup = std::move(other.m_advGroup);
+    m_advReadOnly = other.m_advReadOnly;
+    m_advHasCandidates = other.m_advHasCandidates;
+    m_advCandidatesDisplay = std::move(other.m_advCandidatesDisplay);
+    m_advCandidatesValue = std::move(other.m_advCandidatesValue);
+    m_simplePriority = other.m_simplePriority;
+    m_simpleName = std::move(other.m_simpleName);
+    m_simpleReadOnly = other.m_simpleReadOnly;
+    m_simpleHasCandidates = other.m_simpleHasCandidates;
+    m_simpleCandidatesDisplay = std::move(other.m_simpleCandidatesDisplay);
+    m_simpleCandidatesValue = std::move(other.m_simpleCandidatesValue);
     return *this;
 }
 

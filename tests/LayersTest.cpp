@@ -1,34 +1,65 @@
+// The README's table of the rooms, lowest first, is the order that the sources have to keep.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <string>
 
-// Layers of the same rank do not know each other.
-// clang-format off
-const std::map<std::string, int> kRanks = {
-    {"include", -1}, {"platform", 0}, {"text", 1}, {"xml", 2}, {"options", 2}, {"icons", 3}, {"profile", 3},
-    {"catalogue", 4}, {"list", 4}};
-// clang-format on
+namespace {
 
-TEST(Layers, IncludeOnlyLowerOnes) {
-    int seen = 0;
-    for (const auto& [layer, rank] : kRanks) {
-        const auto folder = std::filesystem::path(KM_SOURCE_DIR) / layer;
-        if (!std::filesystem::exists(folder)) continue;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
-            std::ifstream file(entry.path());
-            for (std::string line; std::getline(file, line);) {
-                if (line.rfind("#include \"", 0) != 0) continue;
-                const std::string header = line.substr(10, line.find('"', 10) - 10);
-                const std::string target = header.substr(0, header.find('/'));
-                ++seen;
-                if (target == layer || target == header) continue;  // without a folder: from include/
-                const auto found = kRanks.find(target);
-                EXPECT_TRUE(found != kRanks.end() && found->second < rank) << entry.path() << header;
-            }
+const std::filesystem::path kSource = KM_SOURCE_DIR;
+
+using Ranks = std::map<std::string, int>;  // of the rooms ("xml") and of the public headers ("kmTypes.h")
+
+// A row of the table: | `room/` | `header`, `header` | what it holds |
+Ranks ReadTable() {
+    const std::regex row(R"(\| `([a-z]+)/` \|([^|]*)\|.*)"), header("`(km[A-Za-z0-9]+[.]h)`");
+    Ranks ranks;
+    int rank = 0;
+    std::ifstream readme(kSource / "README.md");
+    for (std::string line; std::getline(readme, line);) {
+        std::smatch cells;
+        if (!std::regex_match(line, cells, row)) continue;
+        ranks[cells[1]] = ++rank;
+        const std::string headers = cells[2];
+        for (std::sregex_iterator at(headers.begin(), headers.end(), header), end; at != end; ++at)
+            ranks[(*at)[1]] = rank;
+    }
+    return ranks;
+}
+
+// The room of an included header, or of a public one.
+std::string OwnerOf(const std::string& header) { return header.substr(0, header.find('/')); }
+
+void ExpectIncludesOfLowerRooms(const std::filesystem::path& path, int rank, const Ranks& ranks) {
+    std::ifstream file(path);
+    for (std::string line; std::getline(file, line);) {
+        if (line.rfind("#include \"", 0) != 0) continue;
+        const std::string header = line.substr(10, line.find('"', 10) - 10);
+        const auto owner = ranks.find(OwnerOf(header));
+        if (owner == ranks.end()) {
+            ADD_FAILURE() << path << " includes " << header << ", which the README's table gives no room";
+        } else {
+            EXPECT_LE(owner->second, rank) << path << " includes " << header << " of a higher room";
         }
     }
-    EXPECT_GT(seen, 0) << "no sources in " << KM_SOURCE_DIR;
 }
+
+TEST(Layers, IncludeOnlyLowerOnes) {
+    const Ranks ranks = ReadTable();
+    ASSERT_TRUE(ranks.count("text") == 1 && ranks.count("list") == 1) << "no table in README.md";
+    for (const auto& [name, rank] : ranks) {
+        if (name.ends_with(".h")) {
+            ExpectIncludesOfLowerRooms(kSource / "include" / name, rank, ranks);
+            continue;
+        }
+        for (const auto& entry : std::filesystem::directory_iterator(kSource / name))
+            ExpectIncludesOfLowerRooms(entry.path(), rank, ranks);
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(kSource / "include"))
+        EXPECT_EQ(ranks.count(entry.path().filename().string()), 1u) << entry.path() << " is in no room";
+}
+
+}  // namespace

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/Process.h"
-
 namespace {
 constexpr kmChar kSeparator = KM_TEXT('\\');
 }
@@ -13,14 +11,6 @@ void NormalizeFolder(kmString& folder) {
     std::replace(folder.begin(), folder.end(), KM_TEXT('/'), kSeparator);
     if (folder.back() != kSeparator) folder += kSeparator;
 }
-
-kmString GetExeFolder() {
-    kmString path = ExecutablePath();
-    path.erase(path.rfind(kSeparator) + 1);
-    return path;
-}
-
-kmString GetDefaultProfilesFolder() { return GetExeFolder() + KM_TEXT("Profiles\\"); }
 
 kmString GetUserFolder(const kmChar* folder) {
     if (folder == nullptr || *folder == 0) return {};

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 constexpr bool IsDigit(kmChar c) { return c >= KM_TEXT('0') && c <= KM_TEXT('9'); }
 

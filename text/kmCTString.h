@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // Adds no data to the string that it is; works on code units, knows no letters beyond ASCII.
 class kmCTString : public kmString {

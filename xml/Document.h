@@ -15,7 +15,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 enum class ContentKind : std::uint8_t { Element, Text, Raw };
 

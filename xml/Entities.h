@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // Whether every "&" in `text` starts one of the five named entities or a numeric reference.
 bool EntitiesAreKnown(kmStringView text);

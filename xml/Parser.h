@@ -2,7 +2,7 @@
 #pragma once
 
 #include "xml/Document.h"
-#include "xml/Errors.h"
+#include "xml/Messages.h"
 
 // Parses the text of `document`, up to its first null unit, as the content of a nameless element, which is
 // the result. `result` receives the code and the place where parsing stopped; the tree is complete when the

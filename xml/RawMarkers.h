@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 struct RawMarker {
     kmStringView open;

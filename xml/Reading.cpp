@@ -4,7 +4,7 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "platform/Files.h"
 #include "platform/Folder.h"
 #include "xml/Document.h"

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 #if !defined(KM_NO_SIMD) && (defined(__SSE2__) || defined(_M_X64))
 #define KM_SCAN_SSE2 1

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 #include "xml/Document.h"
-#include "xml/Errors.h"
+#include "xml/Messages.h"
 
 class InputFile;
 class InputFolder;

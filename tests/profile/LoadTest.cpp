@@ -4,7 +4,7 @@
 #include "kmProfile.h"
 #include "tests/support/Messages.h"
 #include "tests/support/TemporaryFolder.h"
-#include "text/Folders.h"
+#include "document/DefaultFolder.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 
 inline std::string Utf8(kmStringView text) { return BytesFromText(text); }
 inline std::string Utf8(const kmChar* text) { return text == nullptr ? "(null)" : BytesFromText(text); }

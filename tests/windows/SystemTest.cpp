@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
 #include "tests/support/TemporaryFolder.h"

@@ -1,10 +1,10 @@
-#include "text/ProfileNames.h"
+#include "document/ProfileID.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
 
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 #include "text/Numbers.h"
 #include "text/kmCTString.h"
 

@@ -1,15 +1,22 @@
-#include "catalogue/Records.h"
-
-#include "kmGroup.h"
 #include "kmProfileInfo.h"
-#include "text/kmCTString.h"
 
-kmString StripLeadingCarets(const kmString& name) { return kmString(TrimLeftView(name, KM_TEXT('^'))); }
+#include <utility>
+
+#include "catalogue/DisplayName.h"
 
 kmProfileInfo::~kmProfileInfo() = default;
 
 const kmProfileInfo& kmProfileInfo::operator=(const kmProfileInfo& other) {
     if (this != &other) *this = kmProfileInfo(other);
+    return *this;
+}
+
+const kmProfileInfo& kmProfileInfo::operator=(kmProfileInfo&& other) noexcept {
+    m_id = std::move(other.m_id);
+    m_name = std::move(other.m_name);
+    m_desc = std::move(other.m_desc);
+    m_isSystem = other.m_isSystem;
+    m_extName = std::move(other.m_extName);
     return *this;
 }
 
@@ -31,12 +38,3 @@ void kmProfileInfo::SetDesc(const kmString& desc) {
 void kmProfileInfo::SetExtname(const kmString& extName) {
     if (!m_isSystem) m_extName = extName;
 }
-
-kmGroup::~kmGroup() = default;
-
-const kmGroup& kmGroup::operator=(const kmGroup& other) {
-    if (this != &other) *this = kmGroup(other);
-    return *this;
-}
-
-kmString kmGroup::GetName() const { return StripLeadingCarets(m_name); }

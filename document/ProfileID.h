@@ -1,7 +1,7 @@
 // Which texts can be profile IDs.
 #pragma once
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // Whether a file named `id` and ".pf" can exist on every system that the library runs on, and comes back with
 // the same ID when a folder is listed: not empty, no separators or wildcards, no device name, no "." in

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Ascii.h"
+#include "text/Ascii.h"
 
 // Whether the bytes of a file are UTF-16, little-endian, with or without a byte-order mark. Never true for
 // UTF-8 and ASCII text, which holds no zero byte.

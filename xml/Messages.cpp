@@ -1,9 +1,8 @@
-#include "xml/Errors.h"
+#include "xml/Messages.h"
 
 #include <cstddef>
 #include <iterator>
 
-#include "kmMessages.h"
 #include "platform/Process.h"
 #include "text/Numbers.h"
 

@@ -1,4 +1,4 @@
-#include "platform/Encoding.h"
+#include "text/Encoding.h"
 
 #include <gtest/gtest.h>
 
