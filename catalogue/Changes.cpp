@@ -1,10 +1,11 @@
 // What happens to profiles after a load, and who is told of it.
 #include <algorithm>
+#include <functional>
 
+#include "document/ProfileID.h"
 #include "kmManager.h"
 #include "platform/Files.h"
 #include "text/Folders.h"
-#include "document/ProfileID.h"
 #include "text/kmCTString.h"
 
 namespace {
@@ -12,6 +13,14 @@ namespace {
 constexpr std::size_t kMostRecent = 10;
 
 bool IsNullOrEmpty(const kmChar* id) { return id == nullptr || *id == 0; }
+
+// Whether `text` stands in one of the IDs, and would be gone with it.
+bool PointsInto(const std::vector<kmString>& ids, const kmChar* text) {
+    const std::less<const kmChar*> isBefore;
+    return std::any_of(ids.begin(), ids.end(), [&](const kmString& id) {
+        return !isBefore(text, id.data()) && !isBefore(id.data() + id.size(), text);
+    });
+}
 
 void EraseFirst(std::vector<kmString>& ids, const kmString& id) {
     const auto found = std::find(ids.begin(), ids.end(), id);
@@ -51,7 +60,9 @@ bool kmManager::AddRecentProfile(const kmChar* id) {
     if (IsNullOrEmpty(id)) return false;
     std::vector<kmString>& recent = m_recentGroup.m_profileIDs;
     if (std::find(recent.begin(), recent.end(), id) != recent.end()) return true;
-    recent.emplace(recent.begin(), id);
+    const kmString added = id;
+    if (PointsInto(recent, id)) id = added.c_str();
+    recent.insert(recent.begin(), added);
     if (recent.size() > kMostRecent) recent.resize(kMostRecent);
     NotifyChanged(PROFILE_RECENT_ADDED, id, nullptr);
     return true;
@@ -65,9 +76,11 @@ bool kmManager::AddUserProfile(const kmChar* id) {
 }
 
 bool kmManager::DeleteProfile(const kmString& id) {
-    const auto record = FindRecord(id.c_str());
+    // An ID ends at its first null unit; `id` itself may stand in a list that changes here.
+    const kmString deleted = id.c_str();
+    const auto record = FindRecord(deleted.c_str());
     if (record == m_profiles.end() || record->m_isSystem) return false;
-    const kmString deleted = id;  // `id` may stand in a list that changes here
+    if (!StaysInItsFolder(deleted)) return false;
     if (!RemoveFile(ProfilePath(GetUserFolder(m_profilesFolder.c_str()), deleted).c_str())) return false;
     m_profiles.erase(record);
     EraseFirst(m_userGroup.m_profileIDs, deleted);
@@ -80,6 +93,7 @@ void kmManager::ProfileChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID,
 }
 
 void kmManager::NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID) {
+    if (type == PROFILE_RECENT_ADDED) return CallCallbacks(type, firstID, secondID);
     // The callbacks get the caller's own texts, but for those that stand in a list here, which is about to
     // change.
     const kmString first = firstID == nullptr ? KM_TEXT("") : firstID;
@@ -87,7 +101,7 @@ void kmManager::NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, 
     if (OwnsText(firstID)) firstID = first.c_str();
     if (OwnsText(secondID)) secondID = second.c_str();
 
-    if (type != PROFILE_RECENT_ADDED && firstID != nullptr) {
+    if (firstID != nullptr) {
         if (type == PROFILE_SAVED) {
             const auto record = FindRecord(firstID);
             if (record != m_profiles.end()) m_profiles.erase(record);
@@ -99,10 +113,7 @@ void kmManager::NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, 
 }
 
 bool kmManager::OwnsText(const kmChar* text) const {
-    const auto isIn = [text](const kmGroup& group) {
-        return std::any_of(group.m_profileIDs.begin(), group.m_profileIDs.end(),
-                           [text](const kmString& id) { return id.c_str() == text; });
-    };
+    const auto isIn = [text](const kmGroup& group) { return PointsInto(group.m_profileIDs, text); };
     return isIn(m_userGroup) || isIn(m_recentGroup) ||
            std::any_of(m_systemGroups.begin(), m_systemGroups.end(), isIn);
 }

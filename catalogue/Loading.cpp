@@ -1,79 +1,57 @@
+// From the files of a folder to records and groups.
 #include <algorithm>
 #include <utility>
 
-#include "catalogue/LoadIndex.h"
+#include "catalogue/Filing.h"
+#include "document/DefaultFolder.h"
+#include "document/Format.h"
+#include "document/Header.h"
+#include "document/ProfileID.h"
 #include "kmIconParser.h"
 #include "kmManager.h"
-#include "platform/Folder.h"
-#include "document/DefaultFolder.h"
+#include "platform/Files.h"
 #include "text/Folders.h"
-#include "text/kmCTString.h"
 #include "xml/XMLNode.h"
 
 namespace {
 
-constexpr const kmChar* kLanguage = KM_TEXT("language");
+// The group of system profiles whose files name none.
+constexpr const kmChar* kOthers = KM_TEXT("others");
 
-// The text, or an empty one for null.
-const kmChar* TextOf(const kmChar* text) { return text == nullptr ? KM_TEXT("") : text; }
-
-bool IsSystemProfile(const XMLNode& main) {
-    return EqualNoCase(TextOf(main.FindChild(KM_TEXT("IsSysProfile")).TextAt(0)), KM_TEXT("yes"));
-}
-
+// A null stands for an entry without a name.
 std::vector<const kmChar*> GroupNamesOf(const XMLNode& group) {
     std::vector<const kmChar*> names;
     int position = 0;
     for (;;) {
-        const XMLNode name = group.FindChild(KM_TEXT("GroupName"), &position);
+        const XMLNode name = group.FindChild(format::kGroupName, &position);
         if (name.IsEmpty()) return names;
-        names.push_back(name.FindAttribute(kLanguage));
+        names.push_back(name.FindAttribute(format::kLanguage));
     }
 }
 
 }  // namespace
 
-kmManager::kmManager() = default;
-kmManager::~kmManager() = default;
-
-kmManager::kmManager(const kmManager& other) { *this = other; }
-
-kmManager& kmManager::operator=(const kmManager& other) {
-    if (this == &other) return *this;
-    m_idFilter = other.m_idFilter;
-    m_groupFilter = other.m_groupFilter;
-    m_systemGroups = other.m_systemGroups;
-    m_userGroup = other.m_userGroup;
-    m_recentGroup = other.m_recentGroup;
-    m_profiles = other.m_profiles;
-    m_profilesFolder = other.m_profilesFolder;
-    m_iconParser = other.m_iconParser;
-    m_idFilterList = other.m_idFilterList;
-    m_groupFilterList = other.m_groupFilterList;
-    m_callbacks = other.m_callbacks;
-    return *this;
-}
-
-kmManager& kmManager::GetInstance() { return m_signleInstance; }
-
 void kmManager::Delete() {
     m_systemGroups.clear();
+    ++m_groupChanges;
     m_userGroup.m_profileIDs.clear();
     m_profiles.clear();
 }
 
+// The folder ends at its first null unit.
 bool kmManager::Load(const kmString& folder) {
-    kmString profilesFolder = folder.empty() ? GetDefaultProfilesFolder() : folder;
+    kmString profilesFolder = folder.c_str();
+    if (profilesFolder.empty()) profilesFolder = GetDefaultProfilesFolder();
     NormalizeFolder(profilesFolder);
     Delete();
-    m_profilesFolder.swap(profilesFolder);
+    m_profilesFolder = profilesFolder;
     m_userGroup.SetName(KM_TEXT("User Defined"));
     m_recentGroup.SetName(KM_TEXT("Recent"));
 
-    LoadIndex index(m_loadIndex);
-    LoadProfile(m_profilesFolder, /*skipSystem=*/false);
-    index.BeginNextFolder();
-    LoadProfile(GetUserFolder(m_profilesFolder.c_str()), /*skipSystem=*/false);
+    Filing filing(*this);
+    ReadFolder(profilesFolder, /*skipSystem=*/false, filing);
+    ReadFolder(GetUserFolder(profilesFolder.c_str()), /*skipSystem=*/false, filing);
+    filing.Finish();
     if (m_iconParser == nullptr) m_iconParser = &kmIconParser::GetInstance();
     m_iconParser->InitParser(m_profilesFolder.c_str());
     Sort();
@@ -81,74 +59,67 @@ bool kmManager::Load(const kmString& folder) {
 }
 
 void kmManager::LoadProfile(const kmString& folder, bool skipSystem) {
+    Filing filing(*this);
+    ReadFolder(folder, skipSystem, filing);
+    filing.Finish();
+}
+
+void kmManager::ReadFolder(const kmString& folder, bool skipSystem, Filing& filing) {
     const InputFolder files(folder);
     std::vector<kmString> names;
-    files.List(KM_TEXT(".pf"), names);
+    files.List(format::kSuffix, names);
     for (const kmString& name : names) {
-        AddDocument(name, XMLNode::OpenDocumentIn(files, name, KM_TEXT("Profiles")), skipSystem);
+        AddDocument(name, XMLNode::OpenDocumentIn(files, name, format::kRoot), skipSystem, filing);
     }
 }
 
 void kmManager::AddProfileInfo(const kmString& fileName, const kmString& folder, bool skipSystem) {
-    AddDocument(fileName, XMLNode::OpenDocument((folder + fileName).c_str(), KM_TEXT("Profiles")),
-                skipSystem);
+    Filing filing(*this);
+    AddDocument(fileName, XMLNode::OpenDocument((folder + fileName).c_str(), format::kRoot), skipSystem,
+                filing);
+    filing.Finish();
 }
 
-void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem) {
-    const XMLNode main = root.FindChild(KM_TEXT("Main"));
+void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem, Filing& filing) {
+    const XMLNode main = root.FindChild(format::kMain);
     if (main.IsEmpty()) return;
-    const bool isSystem = IsSystemProfile(main);
-    if (isSystem && skipSystem) return;
+    kmProfileHeader header;
+    ReadHeader(main, header);
+    if (header.isSystem && skipSystem) return;
 
     kmProfileInfo info;
-    info.m_id = fileName.substr(0, fileName.rfind(KM_TEXT('.')));
-    info.m_name = TextOf(main.FindChild(KM_TEXT("Name")).FindAttribute(kLanguage));
-    info.m_desc = TextOf(main.FindChild(KM_TEXT("Desc")).FindAttribute(kLanguage));
-    info.m_extName = TextOf(main.FindChild(KM_TEXT("ExtName")).TextAt(0));
-    info.m_isSystem = isSystem;
-    if (!isSystem) {
-        AddProfileIDToGroup(m_userGroup, info.m_id);
+    info.m_id = ProfileIDOf(fileName);
+    info.m_name = std::move(header.name);
+    info.m_desc = std::move(header.desc);
+    info.m_extName = std::move(header.extName);
+    info.m_isSystem = header.isSystem;
+    if (!header.isSystem) {
+        filing.AddToUserGroup(info.m_id);
         m_profiles.push_back(std::move(info));
         return;
     }
 
-    const XMLNode group = root.FindChild(KM_TEXT("Group"));
+    const XMLNode group = root.FindChild(format::kGroup);
     const std::vector<const kmChar*> groupNames = GroupNamesOf(group);
-    const auto canLoad = [&](const kmChar* name) { return CanLoad(info.m_id.c_str(), TextOf(name)); };
+    const auto canLoad = [&](const kmChar* name) {
+        return CanLoad(info.m_id.c_str(), name == nullptr ? KM_TEXT("") : name);
+    };
     if (!groupNames.empty() && std::none_of(groupNames.begin(), groupNames.end(), canLoad)) return;
-    if (group.IsEmpty()) AddGroup(info, KM_TEXT("others"));
-    for (const kmChar* name : groupNames) AddGroup(info, name);
+    if (group.IsEmpty()) filing.AddToSystemGroup(kOthers, info.m_id);
+    for (const kmChar* name : groupNames) {
+        if (name != nullptr) filing.AddToSystemGroup(name, info.m_id);
+    }
     m_profiles.push_back(std::move(info));
-}
-
-kmGroup* kmManager::FindSystemGroup(const kmChar* name) {
-    const kmStringView wanted = name;
-    const auto found = std::find_if(m_systemGroups.begin(), m_systemGroups.end(),
-                                    [wanted](const kmGroup& group) { return group.m_name == wanted; });
-    return found == m_systemGroups.end() ? nullptr : &*found;
 }
 
 void kmManager::AddGroup(const kmProfileInfo& info, const kmChar* groupName) {
     if (groupName == nullptr) return;
-    kmGroup* group = m_loadIndex != nullptr ? m_loadIndex->FindGroup(groupName, m_systemGroups)
-                                            : FindSystemGroup(groupName);
-    if (group == nullptr) {
-        group = &m_systemGroups.emplace_back();
-        group->SetName(groupName);
-        if (m_loadIndex != nullptr) m_loadIndex->AddGroup(*group);
-    }
-    AddProfileIDToGroup(*group, info.m_id);
+    Filing filing(*this);
+    filing.AddToSystemGroup(groupName, info.m_id);
+    filing.Finish();
 }
 
 void kmManager::AddProfileIDToGroup(kmGroup& group, const kmString& id) {
-    if (IsNewInGroup(group, id)) group.m_profileIDs.push_back(id);
-}
-
-bool kmManager::IsNewInGroup(const kmGroup& group, const kmString& id) {
-    const std::vector<kmString>& ids = group.m_profileIDs;
-    if (m_loadIndex == nullptr) return std::find(ids.begin(), ids.end(), id) == ids.end();
-    const bool isUserGroup = &group == &m_userGroup;
-    return m_loadIndex->IsNew(
-        isUserGroup ? LoadIndex::kUserGroup : static_cast<std::size_t>(&group - m_systemGroups.data()), ids,
-        id);
+    std::vector<kmString>& ids = group.m_profileIDs;
+    if (std::find(ids.begin(), ids.end(), id) == ids.end()) ids.push_back(id);
 }

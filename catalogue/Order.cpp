@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "kmManager.h"
+#include "text/Ascii.h"
 
 namespace {
 
@@ -27,6 +28,13 @@ constexpr const kmChar* kOrder[] = {
 
 }  // namespace
 
+kmGroup* kmManager::FindSystemGroup(const kmChar* name) {
+    const kmStringView wanted = name;
+    const auto found = std::find_if(m_systemGroups.begin(), m_systemGroups.end(),
+                                    [wanted](const kmGroup& group) { return group.m_name == wanted; });
+    return found == m_systemGroups.end() ? nullptr : &*found;
+}
+
 // By swapping: the groups that are not listed stand wherever that leaves them.
 void kmManager::Sort() {
     std::size_t placed = 0;
@@ -38,4 +46,5 @@ void kmManager::Sort() {
     }
     kmGroup* others = FindSystemGroup(KM_TEXT("others"));
     if (others != nullptr && others != &m_systemGroups.back()) std::swap(*others, m_systemGroups.back());
+    ++m_groupChanges;
 }

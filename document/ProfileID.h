@@ -1,12 +1,13 @@
-// Which texts can be profile IDs.
+// How IDs become file names and back. Whether a text can be an ID at all tells kmFindIDFault.
 #pragma once
 
-#include "text/Ascii.h"
+#include "document/Format.h"
 
-// Whether a file named `id` and ".pf" can exist on every system that the library runs on, and comes back with
-// the same ID when a folder is listed: not empty, no separators or wildcards, no device name, no "." in
-// front, which listings skip.
-bool IsUsableProfileID(kmStringView id);
+// The path of a profile's file in `folder`, which ends with "\". An ID ends at its first null unit.
+kmString ProfilePath(const kmString& folder, const kmString& id);
 
-// The name of a profile's file in `folder`, which ends with "\".
-kmString ProfilePath(const kmString& folder, kmStringView id);
+// Whether the file of that ID lies in the folder itself, and not wherever a path in the ID leads.
+bool StaysInItsFolder(const kmString& id);
+
+// The ID of a profile whose file has that name: what stands in front of the last ".".
+kmString ProfileIDOf(const kmString& fileName);

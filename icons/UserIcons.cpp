@@ -25,7 +25,8 @@ struct kmIconParser::IconFile {
     }
 
     bool Store() const {
-        return root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true) == XML_ERROR_NONE;
+        return root.ReadsBackTheSame() &&
+               root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true) == XML_ERROR_NONE;
     }
 };
 

@@ -1,4 +1,6 @@
 #include "kmIconParser.h"
+
+#include "document/Format.h"
 #include "text/Folders.h"
 #include "text/Numbers.h"
 #include "xml/XMLNode.h"
@@ -19,8 +21,7 @@ struct Settings {
             const kmChar* value = element.FindAttribute(name);
             if (value != nullptr) store(value);
         };
-        read(KM_TEXT("SingleFile"),
-             [this](const kmChar* value) { singleImage = EqualNoCase(value, KM_TEXT("yes")); });
+        read(KM_TEXT("SingleFile"), [this](const kmChar* value) { singleImage = format::IsYes(value); });
         read(KM_TEXT("width"), [this](const kmChar* value) { width = ReadInteger(value, 0); });
         read(KM_TEXT("height"), [this](const kmChar* value) { height = ReadInteger(value, 0); });
         read(KM_TEXT("transclr"), [this](const kmChar* value) { transparentColor = value; });

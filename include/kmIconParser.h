@@ -70,6 +70,4 @@ private:
     std::int32_t m_profileIconHeight = 16;
     kmString m_profileTransColor = KM_TEXT("RGB(0, 0, 0)");
     kmString m_profilesFolder;
-
-    friend class kmManager;
 };

@@ -91,15 +91,15 @@ private:
         ProfileChangedCallback function;
         void* userData;
     };
-    struct LoadIndex;
+    class Filing;
 
     bool InVector(const kmString& text, const std::vector<kmString>& list) const;
     void NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID);
 
     std::vector<kmProfileInfo>::const_iterator FindRecord(const kmChar* id) const;
-    void AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem);
+    void ReadFolder(const kmString& folder, bool skipSystem, Filing& filing);
+    void AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem, Filing& filing);
     kmGroup* FindSystemGroup(const kmChar* name);
-    bool IsNewInGroup(const kmGroup& group, const kmString& id);
     bool OwnsText(const kmChar* text) const;
     void ForgetRenamed(const kmString& newID, const kmString& oldID);
     void ReRead(const kmString& id);
@@ -118,5 +118,5 @@ private:
     std::vector<kmString> m_idFilterList;
     std::vector<kmString> m_groupFilterList;
     std::vector<Callback> m_callbacks;
-    LoadIndex* m_loadIndex = nullptr;  // during a load alone; never copied
+    unsigned m_groupChanges = 0;  // how often system groups came or went
 };

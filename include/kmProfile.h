@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "kmExport.h"
+#include "kmProfileHeader.h"
 #include "kmProfileItem.h"
 #include "kmTypes.h"
 
@@ -17,7 +18,9 @@ class KM_EXPORT kmProfile {
 public:
     kmProfile() = default;
     kmProfile(const kmProfile& other) = default;
+    kmProfile(kmProfile&& other) noexcept = default;
     kmProfile& operator=(const kmProfile& other) = default;
+    kmProfile& operator=(kmProfile&& other) noexcept = default;
     virtual ~kmProfile();
 
     // Like assignment, but the changed flag is cleared. Copying a profile from itself changes nothing.
@@ -29,15 +32,15 @@ public:
     void SetID(const kmString& id) { m_id = id; }
 
     // Short name, output container format, output file extension.
-    kmString GetSName() const { return m_sName; }
-    void SetSName(const kmString& name) { m_sName = name; }
-    kmString GetFormat() const { return m_format; }
-    void SetFormat(const kmString& format) { m_format = format; }
-    kmString GetExtName() const { return m_extName; }
-    void SetExtName(const kmString& extName) { m_extName = extName; }
+    kmString GetSName() const { return m_header.sName; }
+    void SetSName(const kmString& name) { m_header.sName = name; }
+    kmString GetFormat() const { return m_header.format; }
+    void SetFormat(const kmString& format) { m_header.format = format; }
+    kmString GetExtName() const { return m_header.extName; }
+    void SetExtName(const kmString& extName) { m_header.extName = extName; }
 
     // Whether the file marks the profile as one of the system's, which are never overwritten.
-    bool IsSystem() const { return m_isSystem; }
+    bool IsSystem() const { return m_header.isSystem; }
 
     // Set when a setting is changed below; loading leaves it alone.
     bool GetChangedFlag() const { return m_changedFlag; }
@@ -158,15 +161,16 @@ private:
     bool IsValue(const kmChar* id, const kmChar* value) const;
     std::int32_t IntegerOf(const kmChar* id) const;
 
-    struct ItemFields;
+    friend KM_EXPORT kmString kmFolderOf(const kmProfile& profile);  // declared in kmProfileFile.h
+
+    struct ItemMembers;
 
     XMLNode OpenFile();
-    void ReadHeader(const XMLNode& main);
     void ReadItems(const XMLNode& parameter);
 
     PROFILE_EERROR FindSaveRefusal(const kmString& newID, bool overwrite) const;
     XMLNode BuildDocument(const kmString& newID);
-    bool StoreRenamed(const kmString& path, const kmString& newID) const;
+    bool StoreUnder(const kmString& newID) const;
 
     void LimitMP3Bitrate();
     void CorrectWMASampleRate();
@@ -178,12 +182,7 @@ private:
 
     kmString m_id;
     std::vector<kmProfileItem> m_items;
-    kmString m_name;
-    kmString m_desc;
-    kmString m_sName;
-    kmString m_format;
-    kmString m_extName;
-    bool m_isSystem = false;
+    kmProfileHeader m_header;
     kmString m_folder;
     bool m_changedFlag = false;
 };

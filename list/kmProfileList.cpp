@@ -49,7 +49,7 @@ public:
             const auto found = m_lastOffered.find(text);
             if (found != m_lastOffered.end()) found->second = m_round;
         }
-        std::erase_if(m_texts, [this](kmStringView text) { return m_lastOffered[text] != m_round; });
+        std::erase_if(m_texts, [this](kmStringView text) { return m_lastOffered.at(text) != m_round; });
     }
 
     static bool IsShown(const kmProfileItem& item, View view) {
@@ -81,12 +81,8 @@ std::vector<kmProfileList::CommonItem> kmProfileList::FindCommonItems(const std:
         for (const kmProfileItem& item : profiles[i]->GetProfileItems()) {
             if (CommonItem::IsShown(item, view)) shown.emplace(item.m_id, &item);
         }
-        std::erase_if(common, [&shown](CommonItem& item) {
-            const auto found = shown.find(item.ID());
-            if (found == shown.end()) return true;
-            item.Reduce(*found->second);
-            return false;
-        });
+        std::erase_if(common, [&shown](const CommonItem& item) { return shown.count(item.ID()) == 0; });
+        for (CommonItem& item : common) item.Reduce(*shown.find(item.ID())->second);
     }
     return common;
 }

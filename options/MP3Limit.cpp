@@ -33,9 +33,9 @@ bool _MP3Limit::IsValid(std::int32_t sampleRate, std::int32_t bitRate, bool chec
         const std::int32_t limit = GetmaxBitrate(sampleRate);
         return limit == -1 || bitRate <= limit;
     }
-    for (const _MP3Limit* limit = std::end(kLimits); limit-- != std::begin(kLimits);) {
-        const _MP3Limit* behind = limit + 1;
-        if (limit->maxBitrate <= bitRate && FindSampleRate(sampleRate, behind) == behind) return false;
+    for (std::size_t count = std::size(kLimits); count > 0; --count) {
+        const _MP3Limit* end = kLimits + count;  // of the records up to the one that is looked at
+        if (kLimits[count - 1].maxBitrate <= bitRate && FindSampleRate(sampleRate, end) == end) return false;
     }
     return true;
 }

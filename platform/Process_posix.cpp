@@ -4,8 +4,8 @@
 #include <cstdio>
 #include <string>
 
-#include "text/Encoding.h"
 #include "platform/Process.h"
+#include "text/Encoding.h"
 
 kmString ExecutablePath() {
     std::string path(256, '\0');

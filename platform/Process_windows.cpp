@@ -9,8 +9,8 @@
 #include <cstdio>
 #include <string>
 
-#include "text/Encoding.h"
 #include "platform/Process.h"
+#include "text/Encoding.h"
 
 namespace {
 

@@ -2,84 +2,22 @@
 // the start; options are found by the hash of their names, and what is special about some of them is a bit
 // that the compiler puts into a copy of the option table.
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <cstring>
+#include <stdexcept>
+#include <utility>
 
 #include "kmMP3Limit.h"
 #include "kmProfile.h"
 #include "options/FindOption.h"
-#include "options/OptionTable.h"
+#include "options/OptionTraits.h"
 #include "text/Numbers.h"
 #include "text/kmCTString.h"
 
 namespace {
 
-enum Trait : std::uint8_t {
-    TRAIT_HELD_BACK = 1,      // the application passes it on in its own way
-    TRAIT_SET_BY_TARGET = 2,  // a disc target decides it
-    TRAIT_KILOBITS = 4,       // written with "K" behind the number
-    TRAIT_TARGET = 8,
-    TRAIT_PICTURE_FORMAT = 16,
-    TRAIT_PICTURE_QUALITY = 32,
-    TRAIT_CHANNELS = 64,
-};
-
-struct NamedTraits {
-    kmStringView name;
-    int traits;
-};
-
-constexpr NamedTraits kNamedTraits[] = {
-    {KM_TEXT("ss"), TRAIT_HELD_BACK},
-    {KM_TEXT("t"), TRAIT_HELD_BACK},
-    {KM_TEXT("pt"), TRAIT_HELD_BACK},
-    {KM_TEXT("s"), TRAIT_HELD_BACK},
-    {KM_TEXT("r"), TRAIT_HELD_BACK},
-    {KM_TEXT("pi"), TRAIT_HELD_BACK},
-    {KM_TEXT("zoom"), TRAIT_HELD_BACK},
-    {KM_TEXT("b"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("ab"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("bt"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("maxrate"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("minrate"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("bufsize"), TRAIT_SET_BY_TARGET | TRAIT_KILOBITS},
-    {KM_TEXT("vcodec"), TRAIT_SET_BY_TARGET},
-    {KM_TEXT("acodec"), TRAIT_SET_BY_TARGET},
-    {KM_TEXT("ar"), TRAIT_SET_BY_TARGET},
-    {KM_TEXT("target"), TRAIT_TARGET},
-    {KM_TEXT("pcodec"), TRAIT_PICTURE_FORMAT},
-    {KM_TEXT("pq"), TRAIT_PICTURE_QUALITY},
-    {KM_TEXT("ac"), TRAIT_CHANNELS},
-};
-
-// A row of the option table with its lengths measured, and its traits.
-struct Option {
-    kmStringView name;
-    kmStringView defVal;  // of null: none
-    std::uint32_t flags = 0;
-    int traits = 0;
-};
-
 constexpr std::size_t kLongestName = 12;
 
-// A named trait whose option the table lacks would index beyond the array, which the compiler refuses.
-constexpr auto BuildOptions() {
-    std::array<Option, kOptionCount> options{};
-    for (std::size_t row = 0; row < options.size(); ++row) {
-        options[row].name = kOptionRows[row].name;
-        if (kOptionRows[row].defVal != nullptr) options[row].defVal = kOptionRows[row].defVal;
-        options[row].flags = kOptionRows[row].flags;
-    }
-    for (const NamedTraits& named : kNamedTraits) {
-        std::size_t row = 0;
-        while (options[row].name != named.name) ++row;
-        options[row].traits = named.traits;
-    }
-    return options;
-}
-
-constexpr auto kOptions = BuildOptions();
 static_assert(std::all_of(kOptions.begin(), kOptions.end(),
                           [](const Option& option) { return option.name.size() <= kLongestName; }));
 
@@ -90,32 +28,38 @@ bool IsDiscTarget(kmStringView target) {
                        [target](kmStringView disc) { return EqualNoCase(disc, target); });
 }
 
-// Puts the pieces behind each other into a text that was made large enough beforehand.
+// Puts the pieces one after the other into a text that was made large enough beforehand. That it is, is
+// checked all the same.
 class Pieces {
 public:
     // More than any option needs besides its value: its name in "-", a quotation mark, "K" and spaces, where
     // "pq" also turns one digit into a number; or what "pcodec" becomes.
     static constexpr std::size_t kPerOption = kLongestName + 6 + 10;
 
-    explicit Pieces(kmString& text) : m_at(text.data()) {}
+    explicit Pieces(kmString& text) : m_at(text.data()), m_end(text.data() + text.size()) {}
 
     const kmChar* End() const { return m_at; }
     Pieces& Put(kmChar unit) {
-        *m_at++ = unit;
+        *Take(1) = unit;
         return *this;
     }
     Pieces& Put(kmStringView text) {
-        std::memcpy(m_at, text.data(), text.size() * sizeof(kmChar));
-        m_at += text.size();
+        std::memcpy(Take(text.size()), text.data(), text.size() * sizeof(kmChar));
         return *this;
     }
     Pieces& PutLower(kmStringView text) {
-        m_at = std::transform(text.begin(), text.end(), m_at, FoldLower);
+        std::transform(text.begin(), text.end(), Take(text.size()), FoldLower);
         return *this;
     }
 
 private:
+    kmChar* Take(std::size_t count) {
+        if (static_cast<std::size_t>(m_end - m_at) < count) throw std::length_error("an option is too long");
+        return std::exchange(m_at, m_at + count);
+    }
+
     kmChar* m_at;
+    kmChar* m_end;
 };
 
 void PutSwitch(Pieces& pieces, const Option& option, kmStringView value) {

@@ -81,8 +81,9 @@ std::int64_t kmProfile::CalcAVOutputFileSize(std::int64_t duration, int sourceAu
                                              int sourceVideoBitrate, int streams) const {
     const double seconds = ToSeconds(duration);
     const bool wantsAudio = (streams & kStreamAudio) != 0;
-    if (m_format == KM_TEXT("dv")) return TruncateTo64(seconds * 28 * 1000 * 1000 * kBytesPerBit);
-    if (m_format == KM_TEXT("ape")) return wantsAudio ? TruncateTo64(seconds * 600 * 1000 * kBytesPerBit) : 0;
+    if (m_header.format == KM_TEXT("dv")) return TruncateTo64(seconds * 28 * 1000 * 1000 * kBytesPerBit);
+    if (m_header.format == KM_TEXT("ape"))
+        return wantsAudio ? TruncateTo64(seconds * 600 * 1000 * kBytesPerBit) : 0;
 
     std::int64_t video = 0;
     if (GetType() == PROFILE_TYPE_VIDEO && (streams & kStreamVideo) != 0 && CountsStream(KM_TEXT("vn"))) {

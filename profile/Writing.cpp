@@ -1,12 +1,18 @@
-#include <unordered_map>
+// Saving and renaming. What could be refused is refused before a file is touched; then the file changes in
+// one step; only then the icons, the catalogue and its callbacks are told.
+#include <map>
+#include <utility>
 
+#include "document/Format.h"
+#include "document/Header.h"
+#include "document/ProfileID.h"
 #include "kmIconParser.h"
 #include "kmManager.h"
+#include "kmProfileID.h"
 #include "platform/Files.h"
-#include "profile/ItemFields.h"
+#include "profile/ItemMembers.h"
 #include "text/Folders.h"
 #include "text/Numbers.h"
-#include "document/ProfileID.h"
 #include "text/kmCTString.h"
 #include "xml/XMLNode.h"
 
@@ -26,8 +32,11 @@ void SetOrRemove(XMLNode& element, const kmChar* name, bool isEmpty, const kmStr
     }
 }
 
-bool Store(const XMLNode& root, const kmString& path) {
-    return root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true) == XML_ERROR_NONE;
+// Whether a file of that ID can be written into the profile's folder. Listings skip what begins with ".", so
+// that no profile gets such an ID, but one that has it keeps it.
+bool CanNameFile(const kmString& id, const kmString& ownID) {
+    const PROFILE_ID_FAULT fault = kmFindIDFault(id);
+    return fault == PROFILE_ID_FAULT_NONE || (fault == PROFILE_ID_FAULT_LEADING_DOT && id == ownID);
 }
 
 void ReportChange(PROFILE_CHANGED_TYPE type, const kmString& newID, const kmString& oldID,
@@ -47,64 +56,65 @@ void kmProfile::SetProfileItemValue(XMLNode& element, int value, const kmChar* n
 }
 
 void kmProfile::SetProfileItemValue(XMLNode& element, bool value, const kmChar* name) {
-    SetOrRemove(element, name, !value, KM_TEXT("yes"));
+    SetOrRemove(element, name, !value, format::kYes);
 }
 
 void kmProfile::SetProfileItemValue(XMLNode& element, std::vector<kmString>& value, const kmChar* name) {
     kmString joined;
-    JoinTexts(value, KM_TEXT(','), joined);
+    JoinTexts(value, format::kListSeparator, joined);
     SetOrRemove(element, name, value.empty(), joined);
 }
 
 void kmProfile::SetValueToFile(kmProfileItem& item, XMLNode& element) {
-    for (const ItemFields::Row& row : ItemFields::kRows) {
-        std::visit([&](auto field) { SetProfileItemValue(element, item.*field, row.name.data()); },
-                   row.field);
+    for (std::size_t row = 0; row < std::size(kItemFields); ++row) {
+        const kmChar* name = kItemFields[row].name.data();
+        std::visit([&](auto member) { SetProfileItemValue(element, item.*member, name); },
+                   ItemMembers::kMembers[row]);
     }
 }
 
 // What forbids the ID before any file is looked at.
 PROFILE_EERROR kmProfile::FindSaveRefusal(const kmString& newID, bool overwrite) const {
     kmManager& manager = kmManager::GetInstance();
-    if (m_isSystem && newID == m_id) return PROFILE_ERROR_SYSTEM;
+    const bool isSystem = m_header.isSystem;
+    if (isSystem && newID == m_id) return PROFILE_ERROR_SYSTEM;
     if (manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
-    if (!m_isSystem && newID == m_id) return PROFILE_ERROR_NONE;
+    if (!isSystem && newID == m_id) return PROFILE_ERROR_NONE;
     if (!overwrite && manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;
-    const kmProfileInfo* existing = m_isSystem ? nullptr : manager.GetProfileInfo(newID.c_str());
+    const kmProfileInfo* existing = isSystem ? nullptr : manager.GetProfileInfo(newID.c_str());
     return existing != nullptr && existing->IsSystem() ? PROFILE_ERROR_SYSTEM : PROFILE_ERROR_NONE;
 }
 
-// The ID is copied here and in ReName: a callback may change the list that the caller's text stands in.
+// The ID is copied here and in ReName: a callback may change the list that the caller's text stands in. It
+// ends at its first null unit.
 PROFILE_EERROR kmProfile::Save(const kmString& targetID, bool overwrite) {
-    const kmString newID = targetID;  // NOLINT(performance-unnecessary-copy-initialization)
+    const kmString newID = targetID.c_str();
     if (m_folder.empty()) return PROFILE_ERROR_FILE;
     const PROFILE_EERROR refusal = FindSaveRefusal(newID, overwrite);
     if (refusal != PROFILE_ERROR_NONE) return refusal;
-    if (!IsUsableProfileID(newID)) return PROFILE_ERROR_FILE;
+    if (!CanNameFile(newID, m_id)) return PROFILE_ERROR_FILE;
+    const XMLNode document = BuildDocument(newID);
+    if (!document.ReadsBackTheSame()) return PROFILE_ERROR_FILE;
 
-    const kmString folder = m_isSystem ? GetUserFolder(m_folder.c_str()) : m_folder;
-    if (m_isSystem) CreateFolder(folder.c_str());
+    const kmString folder = m_header.isSystem ? GetUserFolder(m_folder.c_str()) : m_folder;
+    if (m_header.isSystem) CreateFolder(folder.c_str());
     const kmString path = ProfilePath(folder, newID);
-    if (!Store(BuildDocument(newID), path)) return PROFILE_ERROR_FILE;
-    RespellFile(path.c_str());
+    if (document.SaveToFile(path.c_str(), nullptr, /*formatted=*/true, Storing::Respell) != XML_ERROR_NONE)
+        return PROFILE_ERROR_FILE;
     ReportChange(PROFILE_SAVED, newID, m_id, nullptr);
     return PROFILE_ERROR_NONE;
 }
 
 XMLNode kmProfile::BuildDocument(const kmString& newID) {
-    XMLNode root = XMLNode::CreateRoot(KM_TEXT("Profiles"), false);
-    XMLNode main = root.AppendChild(KM_TEXT("Main"), false);
-    const auto append = [&main](const kmChar* name) { return main.AppendChild(name, false); };
-    append(KM_TEXT("Name")).SetAttribute(newID.c_str(), nullptr, KM_TEXT("language"));
-    append(KM_TEXT("Desc")).SetAttribute(m_desc.c_str(), nullptr, KM_TEXT("language"));
-    append(KM_TEXT("SName")).SetText(m_sName.c_str(), 0);
-    append(KM_TEXT("Format")).SetText(m_format.c_str(), 0);
-    append(KM_TEXT("ExtName")).SetText(m_extName.c_str(), 0);
+    XMLNode root = XMLNode::CreateRoot(format::kRoot, false);
+    kmProfileHeader header = m_header;
+    header.name = newID;
+    WriteHeader(header, root.AppendChild(format::kMain, false));
 
     // Items whose IDs differ in letter case alone share an element. Looking for it among the children would
-    // make the cost grow with the square of the items.
-    XMLNode parameter = root.AppendChild(KM_TEXT("Parameter"), false);
-    std::unordered_map<kmString, XMLNode> elements;
+    // make the cost grow with the square of the items, and so could a hash that a file's author foresees.
+    XMLNode parameter = root.AppendChild(format::kParameter, false);
+    std::map<kmString, XMLNode> elements;
     for (kmProfileItem& item : m_items) {
         XMLNode& element = elements[FoldedText(item.m_id.c_str())];
         if (element.IsEmpty()) element = parameter.AppendChild(item.m_id.c_str(), false);
@@ -114,26 +124,33 @@ XMLNode kmProfile::BuildDocument(const kmString& newID) {
 }
 
 PROFILE_EERROR kmProfile::ReName(const kmString& targetID) {
-    const kmString newID = targetID;  // NOLINT(performance-unnecessary-copy-initialization)
-    kmManager& manager = kmManager::GetInstance();
-    if (m_isSystem || manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
-    if (manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;
-    if (m_folder.empty() || !IsUsableProfileID(newID)) return PROFILE_ERROR_FILE;
-
-    const kmString path = ProfilePath(m_folder, newID);
-    if (!RenameFile(ProfilePath(m_folder, m_id).c_str(), path.c_str())) return PROFILE_ERROR_FILE;
-    if (!StoreRenamed(path, newID)) return PROFILE_ERROR_FILE;
+    const kmString newID = targetID.c_str();
     const kmString oldID = m_id;
+    kmManager& manager = kmManager::GetInstance();
+    if (m_header.isSystem || manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
+    if (manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;
+    if (m_folder.empty() || !CanNameFile(newID, oldID) || !StaysInItsFolder(oldID)) return PROFILE_ERROR_FILE;
+    if (!StoreUnder(newID)) return PROFILE_ERROR_FILE;
     ReportChange(PROFILE_RENAMED, newID, oldID, oldID.c_str());
     m_id = newID;
     return PROFILE_ERROR_NONE;
 }
 
-// Puts the new ID into the file, and keeps everything else that it holds.
-bool kmProfile::StoreRenamed(const kmString& path, const kmString& newID) const {
-    const XMLNode root = XMLNode::OpenDocument(path.c_str(), KM_TEXT("Profiles"));
-    if (root.IsEmpty()) return false;
-    XMLNode name = root.FindChild(KM_TEXT("Main")).FindChild(KM_TEXT("Name"));
-    name.SetAttribute(newID.c_str(), nullptr, KM_TEXT("language"));
-    return Store(root, path);
+// Gives the file its new name, with the new ID in it and everything else that it holds. One that cannot be
+// read gets the name all the same, which is no success. The message about the file names it as it is called
+// then.
+bool kmProfile::StoreUnder(const kmString& newID) const {
+    const kmString from = ProfilePath(m_folder, m_id);
+    const kmString to = ProfilePath(m_folder, newID);
+    XMLParseResult result;
+    const XMLNode root = XMLNode::ParseDocumentFile(from.c_str(), format::kRoot, &result);
+    if (root.IsEmpty()) {
+        if (RenameFile(from.c_str(), to.c_str())) ReportXMLError(to.c_str(), result, format::kRoot);
+        return false;
+    }
+    SetHeaderName(root.FindChild(format::kMain), newID);
+    if (!root.ReadsBackTheSame()) return false;
+    if (root.SaveRenamed(from.c_str(), to.c_str(), /*formatted=*/true) != XML_ERROR_NONE) return false;
+    if (result.code != XML_ERROR_NONE) ReportXMLError(to.c_str(), result, format::kRoot);
+    return true;
 }

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "kmText.h"
+
 namespace {
 
 constexpr kmChar kEscape = 0xDC00;  // + a byte that stands for itself
@@ -84,6 +86,28 @@ bool HasTag(const unsigned char* bytes, std::size_t count) {
     return false;
 }
 
+kmString DecodeLossless(std::string_view bytes, bool escapesBackslash) {
+    kmString text;
+    text.reserve(bytes.size());
+    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
+    for (std::size_t at = 0; at < bytes.size();) {
+        const bool isEscaped = escapesBackslash && data[at] == '\\';
+        if (data[at] < 0x80 && !isEscaped) {
+            text += static_cast<kmChar>(data[at++]);
+            continue;
+        }
+        const Utf8Character character = DecodeUtf8(data + at, bytes.size() - at);
+        if (character.size == 0 || isEscaped) {
+            text += static_cast<kmChar>(kEscape + data[at++]);
+            continue;
+        }
+        kmChar units[2];
+        text.append(units, PutUtf16(character.code, units));
+        at += character.size;
+    }
+    return text;
+}
+
 }  // namespace
 
 bool IsUtf16Text(const unsigned char* bytes, std::size_t count) {
@@ -106,26 +130,7 @@ bool Utf8ToUtf16(const unsigned char* bytes, std::size_t count, kmChar* units, s
     return true;
 }
 
-kmString TextFromBytes(std::string_view bytes) {
-    kmString text;
-    text.reserve(bytes.size());
-    const auto* data = reinterpret_cast<const unsigned char*>(bytes.data());
-    for (std::size_t at = 0; at < bytes.size();) {
-        if (data[at] < 0x80 && data[at] != '\\') {
-            text += static_cast<kmChar>(data[at++]);
-            continue;
-        }
-        const Utf8Character character = DecodeUtf8(data + at, bytes.size() - at);
-        if (character.size == 0 || character.code == '\\') {
-            text += static_cast<kmChar>(kEscape + data[at++]);
-            continue;
-        }
-        kmChar units[2];
-        text.append(units, PutUtf16(character.code, units));
-        at += character.size;
-    }
-    return text;
-}
+kmString TextFromBytes(std::string_view bytes) { return DecodeLossless(bytes, /*escapesBackslash=*/true); }
 
 std::string BytesFromText(kmStringView text) {
     std::string bytes;
@@ -142,3 +147,7 @@ std::string BytesFromText(kmStringView text) {
     }
     return bytes;
 }
+
+kmString kmTextFromUtf8(std::string_view bytes) { return DecodeLossless(bytes, /*escapesBackslash=*/false); }
+
+std::string kmUtf8FromText(kmStringView text) { return BytesFromText(text); }

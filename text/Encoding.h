@@ -21,6 +21,6 @@ bool IsUtf16Text(const unsigned char* bytes, std::size_t count);
 // comes back as it was.
 kmString TextFromBytes(std::string_view bytes);
 
-// The reverse, and the way to print any text: UTF-8, with the bytes that TextFromBytes could not decode. Any
-// other lone surrogate takes three bytes.
+// The reverse of this and of kmTextFromUtf8: UTF-8, with the bytes that could not be decoded. Any other lone
+// surrogate takes three bytes.
 std::string BytesFromText(kmStringView text);

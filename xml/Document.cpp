@@ -24,7 +24,7 @@ constexpr std::size_t RecordBytesFor(std::size_t textBytes) {
 
 }  // namespace
 
-Document* Document::Create(std::size_t units) {
+DocumentHandle Document::Create(std::size_t units) {
     if (units > kMaxUnits) throw std::length_error("a text of an XML document is too long");
     const std::size_t header = RoundUp(sizeof(Document), kLine);
     const std::size_t text = RoundUp((units + kScanPadding) * sizeof(kmChar), kLine);
@@ -40,7 +40,7 @@ Document* Document::Create(std::size_t units) {
     document->m_end = document->m_free + records;
     document->m_reserved = records;
     std::fill_n(document->m_text + units, kScanPadding, kmChar{0});
-    return document;
+    return DocumentHandle(document);
 }
 
 void Document::Destroy() {

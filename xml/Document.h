@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 #include "text/Ascii.h"
 
@@ -58,14 +59,16 @@ struct Element : Content {
     Cursor texts;
 };
 
+class DocumentHandle;
+
 class Document {
 public:
     // The longest text that a document can hold, in units; the lengths in its records have 31 bits.
     static constexpr std::size_t kMaxUnits = 0x7FFFFFFF;
 
-    // A document without records and with one reference, which the caller owns. Text() has room for `units`
-    // units, at most kMaxUnits, and is null behind them.
-    static Document* Create(std::size_t units);
+    // A document without records. Text() has room for `units` units, at most kMaxUnits, and is null after
+    // them.
+    static DocumentHandle Create(std::size_t units);
 
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
@@ -109,4 +112,32 @@ private:
     Chunk* m_chunks = nullptr;
     std::size_t m_reserved = 0;  // bytes for records so far
     std::size_t m_references = 1;
+};
+
+// Keeps a document alive; refers to none by itself and after it was moved from.
+class DocumentHandle {
+public:
+    DocumentHandle() noexcept = default;
+    DocumentHandle(const DocumentHandle& other) noexcept : m_document(other.m_document) {
+        if (m_document != nullptr) m_document->AddReference();
+    }
+    DocumentHandle(DocumentHandle&& other) noexcept : m_document(std::exchange(other.m_document, nullptr)) {}
+    DocumentHandle& operator=(DocumentHandle other) noexcept {
+        std::swap(m_document, other.m_document);
+        return *this;
+    }
+    ~DocumentHandle() {
+        if (m_document != nullptr) m_document->Release();
+    }
+
+    explicit operator bool() const { return m_document != nullptr; }
+    Document& operator*() const { return *m_document; }
+    Document* operator->() const { return m_document; }
+
+private:
+    friend class Document;
+    // Takes over the reference that a new document has.
+    explicit DocumentHandle(Document* created) noexcept : m_document(created) {}
+
+    Document* m_document = nullptr;
 };

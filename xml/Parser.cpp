@@ -219,10 +219,17 @@ bool Parser::ParseRaw(int row) {
     return true;
 }
 
+// Whether a name that stands in front of ">" is read as one word there: not one that ends in "/", which would
+// close the tag, nor one that begins with a quote, which looks for its counterpart anew.
+bool ReadsAsOneWord(kmStringView name) {
+    return name.back() != KM_TEXT('/') && name.front() != KM_TEXT('"') && name.front() != KM_TEXT('\'');
+}
+
 // Nearly every end tag repeats the name of the open element to the letter.
 bool Parser::EndsOpenElement() {
+    if (m_open == m_root) return false;
     const kmStringView name(m_open->text, m_open->length);
-    if (m_open == m_root || !StartsWith(m_at, name) || m_at[name.size()] != KM_TEXT('>')) return false;
+    if (!ReadsAsOneWord(name) || !StartsWith(m_at, name) || m_at[name.size()] != KM_TEXT('>')) return false;
     m_at += name.size() + 1;
     m_open = m_open->parent;
     return true;

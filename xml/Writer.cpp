@@ -7,7 +7,9 @@
 #include "platform/Files.h"
 #include "xml/Document.h"
 #include "xml/Entities.h"
+#include "xml/Limits.h"
 #include "xml/RawMarkers.h"
+#include "xml/SameTree.h"
 #include "xml/XMLNode.h"
 
 namespace {
@@ -156,11 +158,15 @@ struct Text {
     std::size_t length = 0;
 };
 
-// `prefix`, then the serialised element, then a null unit that the length does not count.
-Text Serialize(const Element& element, bool formatted, kmStringView prefix) {
+constexpr std::size_t kUnlimited = static_cast<std::size_t>(-1);
+
+// `prefix`, then the serialised element, then a null unit that the length does not count. Nothing when that
+// would be more than `limit` units, which deep indentation makes of small trees.
+Text Serialize(const Element& element, bool formatted, kmStringView prefix, std::size_t limit = kUnlimited) {
     CountingSink counter;
     Serializer(counter, formatted).Write(element);
     Text text;
+    if (counter.Length() > limit - prefix.size()) return text;
     text.length = prefix.size() + counter.Length();
     text.units.reset(new kmChar[text.length + 1]);
     MemorySink sink(text.units.get());
@@ -177,6 +183,26 @@ bool NeedsDeclaration(const XMLNode& node) {
     return (node.GetName() != nullptr && *node.GetName() != 0) || !node.ChildAt(0).IsDeclaration();
 }
 
+// What a file of the node holds; nothing for a node without an element, which makes no file, and for too
+// much.
+Text FileTextOf(const XMLNode& node, const Element& element, bool formatted) {
+    kmString prefix(1, kMark);
+    if (NeedsDeclaration(node)) prefix += KM_TEXT("<?xml version=\"1.0\" encoding=\"utf-16\"?>\n");
+    Text text = Serialize(element, formatted, prefix, kLargestFile / sizeof(kmChar));
+    return text.length == prefix.size() ? Text() : std::move(text);
+}
+
+XMLErrorCode CodeOf(StoreResult result) {
+    switch (result) {
+        case StoreResult::Done:
+            return XML_ERROR_NONE;
+        case StoreResult::CannotWrite:
+            return XML_ERROR_WRITE;
+        default:
+            return XML_ERROR_OPEN_FOR_WRITING;
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<kmChar[]> XMLNode::ToText(bool formatted, std::size_t* length) const {
@@ -186,19 +212,26 @@ std::unique_ptr<kmChar[]> XMLNode::ToText(bool formatted, std::size_t* length) c
     return std::move(text.units);
 }
 
-XMLErrorCode XMLNode::SaveToFile(const kmChar* path, const kmChar* /*encoding*/, bool formatted) const {
+bool XMLNode::ReadsBackTheSame() const {
+    if (IsEmpty()) return true;
+    const Text text = FileTextOf(*this, *m_element, /*formatted=*/true);
+    if (text.length == 0) return false;
+    const XMLNode copy = ParseDocumentText(text.units.get() + 1, GetName());
+    return !copy.IsEmpty() && HoldTheSame(*m_element, *copy.m_element);
+}
+
+XMLErrorCode XMLNode::SaveToFile(const kmChar* path, const kmChar* /*encoding*/, bool formatted,
+                                 Storing storing) const {
     if (IsEmpty()) return XML_ERROR_NONE;
     if (path == nullptr) return XML_ERROR_OPEN_FOR_WRITING;
-    kmString prefix(1, kMark);
-    if (NeedsDeclaration(*this)) prefix += KM_TEXT("<?xml version=\"1.0\" encoding=\"utf-16\"?>\n");
-    const Text text = Serialize(*m_element, formatted, prefix);
-    if (text.length == prefix.size()) return XML_ERROR_WRITE;  // a file that holds no element is no file
-    switch (StoreFile(path, text.units.get(), text.length * sizeof(kmChar))) {
-        case WriteResult::Done:
-            return XML_ERROR_NONE;
-        case WriteResult::CannotOpen:
-            return XML_ERROR_OPEN_FOR_WRITING;
-        default:
-            return XML_ERROR_WRITE;
-    }
+    const Text text = FileTextOf(*this, *m_element, formatted);
+    if (text.length == 0) return XML_ERROR_WRITE;
+    return CodeOf(StoreFile(path, text.units.get(), text.length * sizeof(kmChar), storing));
+}
+
+XMLErrorCode XMLNode::SaveRenamed(const kmChar* from, const kmChar* to, bool formatted) const {
+    if (IsEmpty() || from == nullptr || to == nullptr) return XML_ERROR_OPEN_FOR_WRITING;
+    const Text text = FileTextOf(*this, *m_element, formatted);
+    if (text.length == 0) return XML_ERROR_WRITE;
+    return CodeOf(StoreRenamed(from, to, text.units.get(), text.length * sizeof(kmChar)));
 }

@@ -66,36 +66,16 @@ void SetValue(Document& document, Attribute& attribute, const kmChar* value) {
 
 }  // namespace
 
-XMLNode::XMLNode(const XMLNode& other) noexcept : m_document(other.m_document), m_element(other.m_element) {
-    if (m_document != nullptr) m_document->AddReference();
-}
-
-XMLNode::XMLNode(XMLNode&& other) noexcept
-    : m_document(std::exchange(other.m_document, nullptr)),
-      m_element(std::exchange(other.m_element, nullptr)) {}
-
-XMLNode& XMLNode::operator=(const XMLNode& other) noexcept { return *this = XMLNode(other); }
-
-XMLNode& XMLNode::operator=(XMLNode&& other) noexcept {
-    XMLNode taken(std::move(other));
-    std::swap(m_document, taken.m_document);
-    std::swap(m_element, taken.m_element);
-    return *this;
-}
-
 XMLNode XMLNode::Handle(Element* element) const {
-    if (element == nullptr) return {};
-    m_document->AddReference();
-    return {m_document, element};
+    return element == nullptr ? XMLNode() : XMLNode(m_document, element);
 }
 
 const kmChar* XMLNode::GetErrorText(XMLErrorCode code) { return XMLErrorText(code); }
 
 XMLNode XMLNode::CreateRoot(const kmChar* name, bool isDeclaration) {
-    XMLNode root(Document::Create(0), nullptr);
-    root.m_element =
-        root.m_document->AddElement(nullptr, root.m_document->Copy(name), LengthOf(name), isDeclaration);
-    return root;
+    DocumentHandle document = Document::Create(0);
+    Element* root = document->AddElement(nullptr, document->Copy(name), LengthOf(name), isDeclaration);
+    return {std::move(document), root};
 }
 
 bool XMLNode::IsDeclaration() const { return !IsEmpty() && m_element->isDeclaration; }

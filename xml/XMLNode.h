@@ -4,13 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <utility>
 
+#include "platform/Files.h"
 #include "text/Ascii.h"
 #include "xml/Document.h"
 #include "xml/Messages.h"
-
-class InputFile;
-class InputFolder;
 
 // Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
 // long as any handle to any of its elements. Every operation works on the empty node too: queries answer 0,
@@ -21,13 +20,6 @@ class InputFolder;
 class XMLNode {
 public:
     XMLNode() noexcept = default;
-    XMLNode(const XMLNode& other) noexcept;
-    XMLNode(XMLNode&& other) noexcept;
-    XMLNode& operator=(const XMLNode& other) noexcept;
-    XMLNode& operator=(XMLNode&& other) noexcept;
-    ~XMLNode() {
-        if (m_document != nullptr) m_document->Release();
-    }
 
     // Reads a file whose first element must be `firstTag`, looked for inside the declarations at its head; a
     // null or empty `firstTag` takes what there is. The empty node after an error; the message about an error
@@ -51,7 +43,7 @@ public:
     // A new tree of one element.
     static XMLNode CreateRoot(const kmChar* name, bool isDeclaration);
 
-    bool IsEmpty() const { return m_element == nullptr; }
+    bool IsEmpty() const { return !m_document; }
     const kmChar* GetName() const {
         return IsEmpty() ? nullptr : m_element->text;
     }  // null: the node around a file
@@ -102,19 +94,29 @@ public:
     // indented by tabs. `length`, when not null, receives the number of units. Null and 0 for the empty node.
     std::unique_ptr<kmChar[]> ToText(bool formatted, std::size_t* length = nullptr) const;
 
+    // Whether the formatted text, read again, gives this tree: names can hold what no file can carry. White
+    // space around texts and empty texts are no difference.
+    bool ReadsBackTheSame() const;
+
     // Writes the same to a file, as UTF-16 with a byte-order mark and a declaration; `encoding` changes
-    // nothing. The file is replaced in one step: after XML_ERROR_OPEN_FOR_WRITING or XML_ERROR_WRITE an old
-    // one is still there, whole. The empty node writes nothing and succeeds.
-    [[nodiscard]] XMLErrorCode SaveToFile(const kmChar* path, const kmChar* encoding, bool formatted) const;
+    // nothing. The file is replaced in one step, see StoreFile: after XML_ERROR_OPEN_FOR_WRITING or
+    // XML_ERROR_WRITE an old one is still there, whole. Texts above kLargestFile are not written. The empty
+    // node writes nothing and succeeds.
+    [[nodiscard]] XMLErrorCode SaveToFile(const kmChar* path, const kmChar* encoding, bool formatted,
+                                          Storing storing = Storing::Replace) const;
+
+    // Writes it to the file `to` instead of `from`, see StoreRenamed; the results are the same.
+    [[nodiscard]] XMLErrorCode SaveRenamed(const kmChar* from, const kmChar* to, bool formatted) const;
 
 private:
-    // Takes over a reference that the caller holds.
-    XMLNode(Document* document, Element* element) noexcept : m_document(document), m_element(element) {}
+    XMLNode(DocumentHandle document, Element* element) noexcept
+        : m_document(std::move(document)), m_element(element) {}
     XMLNode Handle(Element* element) const;
     static XMLNode FindFirstTag(XMLNode node, const kmChar* firstTag);
     static XMLNode ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result);
-    static XMLNode ParseOwned(XMLNode document, kmChar* text, const kmChar* firstTag, XMLParseResult& result);
+    static XMLNode ParseOwned(DocumentHandle document, kmChar* text, const kmChar* firstTag,
+                              XMLParseResult& result);
 
-    Document* m_document = nullptr;
-    Element* m_element = nullptr;
+    DocumentHandle m_document;
+    Element* m_element = nullptr;  // of the document; of no meaning without one
 };

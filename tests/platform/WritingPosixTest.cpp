@@ -23,13 +23,13 @@ Files State(const TemporaryFolder& folder) {
     return files;
 }
 // On a disk that takes no more than `size` bytes of a file.
-WriteResult StoreNew(const TemporaryFolder& folder, kmStringView name, rlim_t size = 100) {
+StoreResult StoreNew(const TemporaryFolder& folder, kmStringView name, rlim_t size = 100) {
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     rlimit old{};
     getrlimit(RLIMIT_FSIZE, &old);
     const rlimit limit{size, old.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);
-    const WriteResult result = StoreFile(folder.Path(name).c_str(), "new text", 8);
+    const StoreResult result = StoreFile(folder.Path(name).c_str(), "new text", 8);
     setrlimit(RLIMIT_FSIZE, &old);
     std::signal(SIGXFSZ, handler);
     return result;
@@ -40,11 +40,11 @@ TEST(WritingPosix, OldFileOutlivesAFullDisk) {
     folder.WriteBytes(KM_TEXT("f"), "old");
     for (rlim_t size = 0; size < 8; ++size) {
         for (const kmChar* name : {KM_TEXT("f"), KM_TEXT("new")})
-            EXPECT_EQ(StoreNew(folder, name, size), WriteResult::CannotWrite) << size;
+            EXPECT_EQ(StoreNew(folder, name, size), StoreResult::CannotWrite) << size;
         EXPECT_EQ(State(folder), Files{"f:old"}) << size;
     }
     const XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
-    EXPECT_EQ(node.SaveToFile(KM_TEXT("\\dev\\full"), nullptr, true), XML_ERROR_WRITE);
+    EXPECT_EQ(node.SaveToFile(KM_TEXT("\\dev\\full"), nullptr, true), XML_ERROR_OPEN_FOR_WRITING);
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/full")) << "the device was replaced by a file";
 }
 
@@ -54,9 +54,9 @@ TEST(WritingPosix, TargetKeepsItsKindAndPermissions) {
     ASSERT_EQ(chmod(folder.SystemPath(KM_TEXT("real")).c_str(), 0640), 0);
     for (const auto& [to, from] : {std::pair("real", "link"), {"later", "dangling"}, {"circle", "circle"}})
         std::filesystem::create_symlink(to, folder.SystemPath() / from);
-    EXPECT_EQ(StoreNew(folder, KM_TEXT("LINK")), WriteResult::Done);
-    EXPECT_EQ(StoreNew(folder, KM_TEXT("dangling")), WriteResult::Done);
-    EXPECT_EQ(StoreNew(folder, KM_TEXT("circle")), WriteResult::CannotOpen);
+    EXPECT_EQ(StoreNew(folder, KM_TEXT("LINK")), StoreResult::Done);
+    EXPECT_EQ(StoreNew(folder, KM_TEXT("dangling")), StoreResult::Done);
+    EXPECT_EQ(StoreNew(folder, KM_TEXT("circle")), StoreResult::CannotOpen);
     EXPECT_EQ(State(folder),
               (Files{"circle:", "dangling:new text", "later:new text", "link:new text", "real:new text"}));
     EXPECT_TRUE(std::filesystem::is_symlink(folder.SystemPath(KM_TEXT("link")))) << "the link was replaced";
@@ -71,7 +71,7 @@ TEST(WritingPosixDeathTest, WriteProtectedFileIsNotReplaced) {
     ASSERT_EQ(chmod(folder.SystemPath(KM_TEXT("f")).c_str(), 0444), 0);
     const auto store = [&folder] {
         if (geteuid() == 0 && setuid(65534) != 0) _exit(9);
-        _exit(StoreNew(folder, KM_TEXT("f")) == WriteResult::CannotOpen ? 0 : 1);
+        _exit(StoreNew(folder, KM_TEXT("f")) == StoreResult::CannotOpen ? 0 : 1);
     };
     EXPECT_EXIT(store(), testing::ExitedWithCode(0), "");
     EXPECT_EQ(State(folder), Files{"f:old"});

@@ -1,12 +1,12 @@
-#include "document/ProfileID.h"
+#include "kmProfileID.h"
 
 #include <algorithm>
 #include <iterator>
 #include <string>
 
+#include "document/ProfileID.h"
 #include "text/Encoding.h"
 #include "text/Numbers.h"
-#include "text/kmCTString.h"
 
 namespace {
 
@@ -38,16 +38,27 @@ bool IsForbidden(char c) {
 
 }  // namespace
 
-bool IsUsableProfileID(kmStringView id) {
-    if (id.empty() || id.front() == KM_TEXT('.') || IsDeviceName(id)) return false;
+PROFILE_ID_FAULT kmFindIDFault(const kmString& text) {
+    const kmStringView id = text.c_str();
+    if (id.empty()) return PROFILE_ID_FAULT_EMPTY;
+    if (id.front() == KM_TEXT('.')) return PROFILE_ID_FAULT_LEADING_DOT;
     // Judged as the bytes of a file name: those are what has to exist, and what is read back.
     const std::string bytes = BytesFromText(id);
-    return std::none_of(bytes.begin(), bytes.end(), IsForbidden) && TextFromBytes(bytes) == id;
+    if (std::any_of(bytes.begin(), bytes.end(), IsForbidden)) return PROFILE_ID_FAULT_CHARACTER;
+    if (IsDeviceName(id)) return PROFILE_ID_FAULT_DEVICE;
+    return TextFromBytes(bytes) == id ? PROFILE_ID_FAULT_NONE : PROFILE_ID_FAULT_ENCODING;
 }
 
-kmString ProfilePath(const kmString& folder, kmStringView id) {
+kmString ProfilePath(const kmString& folder, const kmString& id) {
+    const kmStringView name = id.c_str();
     kmString path;
-    path.reserve(folder.size() + id.size() + 3);
-    path.append(folder).append(id).append(KM_TEXT(".pf"));
+    path.reserve(folder.size() + name.size() + format::kSuffix.size());
+    path.append(folder).append(name).append(format::kSuffix);
     return path;
 }
+
+bool StaysInItsFolder(const kmString& id) {
+    return !id.empty() && id.find_first_of(KM_TEXT("\\/:")) == kmString::npos;
+}
+
+kmString ProfileIDOf(const kmString& fileName) { return fileName.substr(0, fileName.rfind(KM_TEXT('.'))); }

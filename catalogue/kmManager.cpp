@@ -1,0 +1,8 @@
+#include "kmManager.h"
+
+kmManager::kmManager() = default;
+kmManager::kmManager(const kmManager& other) = default;
+kmManager& kmManager::operator=(const kmManager& other) = default;
+kmManager::~kmManager() = default;
+
+kmManager& kmManager::GetInstance() { return m_signleInstance; }

@@ -1,0 +1,36 @@
+// Finds the rows of a table by their names while a file is walked once.
+#pragma once
+
+#include <bitset>
+#include <cstddef>
+
+#include "text/Ascii.h"
+
+// `Row` has a member `name`. Files have names in the table's order, so that each is looked for from the row
+// after the last one on.
+template <class Row, std::size_t kCount>
+class RowFinder {
+public:
+    explicit RowFinder(const Row (&rows)[kCount]) : m_rows(rows) {}
+
+    // The index of the row of that name, in any letter case; kCount when there is none and for a name that
+    // was found before: of several the first counts.
+    std::size_t FindNew(kmStringView name) {
+        for (std::size_t tries = 0; tries < kCount; ++tries) {
+            if (EqualNoCase(m_rows[m_next].name, name)) {
+                const std::size_t found = m_next;
+                m_next = (m_next + 1) % kCount;
+                if (m_seen[found]) return kCount;
+                m_seen[found] = true;
+                return found;
+            }
+            m_next = (m_next + 1) % kCount;
+        }
+        return kCount;
+    }
+
+private:
+    const Row (&m_rows)[kCount];
+    std::bitset<kCount> m_seen;
+    std::size_t m_next = 0;
+};

@@ -1,0 +1,23 @@
+// The folders of profiles, and paths between the library and the system.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "kmExport.h"
+#include "kmTypes.h"
+
+// The folder that an operation means when it is given none: "Profiles" beside the running executable. With a
+// final "\".
+KM_EXPORT kmString kmDefaultProfilesFolder();
+
+// The subfolder of the user's profiles in a profiles folder, with a final "\"; empty for an empty folder. "/"
+// counts as "\".
+KM_EXPORT kmString kmUserFolder(const kmString& profilesFolder);
+
+// A path or a file name that the system gives (a program's argument, a listing), as UTF-8, becomes one that
+// the library takes, and back. Every name of a file system comes back as it was: bytes that are no UTF-8 are
+// kept as lone surrogates, and so is a "\" where names may hold one, since the library separates folders by
+// it. Library paths with "\" become the system's own form, with its separator.
+KM_EXPORT kmString kmPathFromUtf8(std::string_view path);
+KM_EXPORT std::string kmUtf8FromPath(const kmString& path);

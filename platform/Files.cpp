@@ -1,0 +1,320 @@
+// How files are stored, on every system in the same steps. New content goes to a temporary file beside its
+// place, is flushed, and takes the name at the end; so at every moment each name leads to the old content or
+// to the new one, whole. Temporary names are random, so that they never meet those that an interrupted
+// process left, which the next call removes.
+#include "platform/Files.h"
+
+#include <algorithm>
+#include <random>
+#include <string>
+#include <utility>
+
+using machine::Handle;
+using machine::Kind;
+using machine::kNoHandle;
+using machine::MoveResult;
+using machine::Path;
+
+namespace {
+
+constexpr kmStringView kTemporaryStart = KM_TEXT(".km");
+constexpr kmStringView kTemporaryEnd = KM_TEXT(".tmp");
+constexpr std::chrono::minutes kAbandonedAfter{15};
+
+std::string RandomName() {
+    constexpr char kDigits[] = "0123456789abcdef";
+    constexpr int kLength = 16;
+    std::random_device random;
+    std::string name = ".km";
+    for (int i = 0; i < kLength; ++i) name += kDigits[random() % 16];
+    return name + ".tmp";
+}
+
+// Calls `take` with every entry; false when the listing broke off.
+template <class Take>
+bool ForEachEntry(const InputFolder& folder, Take take) {
+    bool exists = true;
+    const Handle listing = machine::BeginListing(folder.Handle(), folder.Path(), exists);
+    if (listing == kNoHandle) return !exists;
+    machine::Entry entry;
+    machine::ListStep step = machine::ListStep::Entry;
+    while ((step = machine::NextEntry(listing, entry)) == machine::ListStep::Entry) take(entry);
+    machine::EndListing(listing);
+    return step == machine::ListStep::End;
+}
+
+bool EndsNoCase(kmStringView name, kmStringView suffix) {
+    return name.size() >= suffix.size() && EqualNoCase(name.substr(name.size() - suffix.size()), suffix);
+}
+
+// Those of processes that ended in the middle of a call.
+void RemoveAbandonedFiles(kmStringView path) {
+    const InputFolder folder(kmString(path.substr(0, path.rfind(KM_TEXT('\\')) + 1)));
+    std::vector<kmString> names;
+    const bool isComplete = ForEachEntry(folder, [&names](const machine::Entry& entry) {
+        const kmStringView name = entry.name;
+        if (name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd)) names.push_back(entry.name);
+    });
+    if (!isComplete) return;  // a disk that fails is no place to tidy up
+    for (const kmString& name : names) {
+        machine::RemoveAbandoned(folder.Handle(), folder.Path(), name, kAbandonedAfter);
+    }
+}
+
+// A new file under a temporary name, which goes with the object unless it was given another one.
+class TemporaryFile {
+public:
+    TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() {
+        if (m_handle != kNoHandle) static_cast<void>(machine::CloseWritten(m_handle));
+        if (!m_path.empty()) static_cast<void>(machine::Remove(m_path));
+    }
+
+    // In the folder of `place`, with what the file `old` has, unless that is empty.
+    bool Create(const Path& place, const Path& old) {
+        constexpr int kTries = 10;
+        bool exists = true;
+        for (int i = 0; i < kTries && exists; ++i) {
+            exists = false;
+            Path path = machine::Beside(place, RandomName());
+            m_handle = machine::CreateNew(path, old, exists);
+            if (m_handle == kNoHandle) continue;
+            m_path.swap(path);
+            return true;
+        }
+        return false;
+    }
+
+    // Everything, onto the disk.
+    bool Fill(const void* bytes, std::size_t count) {
+        const auto* at = static_cast<const char*>(bytes);
+        while (count > 0) {
+            std::size_t written = 0;
+            if (!machine::Write(m_handle, at, count, written) || written == 0) return false;
+            at += written;
+            count -= written;
+        }
+        return machine::Flush(m_handle) && machine::CloseWritten(std::exchange(m_handle, kNoHandle));
+    }
+
+    bool MoveOver(const Path& to) {
+        if (!machine::MoveOver(m_path, to)) return false;
+        m_path.clear();
+        return true;
+    }
+
+    MoveResult MoveToNew(const Path& to) {
+        const MoveResult result = machine::MoveToNew(m_path, to);
+        if (result == MoveResult::Done) m_path.clear();
+        return result;
+    }
+
+private:
+    Path m_path;
+    Handle m_handle = kNoHandle;
+};
+
+StoreResult ResultOf(bool isDone) { return isDone ? StoreResult::Done : StoreResult::CannotWrite; }
+
+// Whether a file may be stored at `place`; `old` receives the file that is replaced.
+bool MayStore(const Path& place, Path& old) {
+    if (place.empty()) return false;
+    const Kind kind = machine::KindOf(place);
+    if (kind == Kind::Nothing) return true;
+    if (kind != Kind::File) return false;
+    // Another process may have removed it meanwhile, and then there is nothing to be replaced.
+    if (!machine::MayReplace(place)) return machine::KindOf(place) == Kind::Nothing;
+    old = place;
+    return true;
+}
+
+StoreResult FinishNew(TemporaryFile& file, const Path& place) {
+    switch (file.MoveToNew(place)) {
+        case MoveResult::Exists:
+            return StoreResult::Exists;
+        case MoveResult::Failed:
+            return StoreResult::CannotWrite;
+        default:
+            break;
+    }
+    if (machine::FlushFolderOf(place)) return StoreResult::Done;
+    static_cast<void>(machine::Remove(place));
+    return StoreResult::CannotWrite;
+}
+
+// Gives the entry of that name the spelling of `path`. The old one does no harm, so that failing is no
+// matter.
+void Respell(const kmChar* path) {
+    Path entry;
+    const Path given = machine::FindGivenPlace(path);
+    if (!machine::FindEntry(path, entry) || entry.empty() || given.empty() || entry == given) return;
+    if (machine::MoveToNew(entry, given) == MoveResult::Done)
+        static_cast<void>(machine::FlushFolderOf(given));
+}
+
+StoreResult StoreNew(const kmChar* path, const void* bytes, std::size_t count) {
+    Path entry;
+    const Path place = machine::FindGivenPlace(path);
+    if (place.empty() || !machine::FindEntry(path, entry)) return StoreResult::CannotOpen;
+    if (!entry.empty()) return StoreResult::Exists;
+    TemporaryFile file;
+    if (!file.Create(place, {})) return StoreResult::CannotOpen;
+    return file.Fill(bytes, count) ? FinishNew(file, place) : StoreResult::CannotWrite;
+}
+
+// A symbolic link gets the new name and its target the new content; the name first, because that can be taken
+// back.
+StoreResult StoreThroughRenamedLink(TemporaryFile& file, const Path& link, const Path& to,
+                                    const Path& place) {
+    const MoveResult moved = machine::MoveToNew(link, to);
+    if (moved != MoveResult::Done)
+        return moved == MoveResult::Exists ? StoreResult::Exists : StoreResult::CannotWrite;
+    if (file.MoveOver(place)) return ResultOf(machine::FlushFolderOf(to));
+    static_cast<void>(machine::MoveToNew(to, link));
+    return StoreResult::CannotWrite;
+}
+
+// The new name first: for a moment both exist, and never none.
+StoreResult StoreAndRemove(TemporaryFile& file, const Path& from, const Path& to) {
+    const StoreResult stored = FinishNew(file, to);
+    if (stored != StoreResult::Done) return stored;
+    if (!machine::Remove(from)) {
+        static_cast<void>(machine::Remove(to));
+        return StoreResult::CannotWrite;
+    }
+    static_cast<void>(machine::FlushFolderOf(from));  // both files after a crash, at worst
+    return StoreResult::Done;
+}
+
+// The entries that a renaming is about.
+struct Renaming {
+    Path from;
+    Path to;
+    bool isSameEntry = false;  // `to` names `from`, in some letter case
+    StoreResult refusal = StoreResult::Done;
+};
+
+Renaming FindRenaming(const kmChar* from, const kmChar* to) {
+    Renaming renaming;
+    Path existing;
+    renaming.to = machine::FindGivenPlace(to);
+    if (!machine::FindEntry(from, renaming.from) || !machine::FindEntry(to, existing) ||
+        renaming.from.empty() || renaming.to.empty()) {
+        renaming.refusal = StoreResult::CannotOpen;
+        return renaming;
+    }
+    renaming.isSameEntry = existing == renaming.from;
+    if (!existing.empty() && !renaming.isSameEntry) renaming.refusal = StoreResult::Exists;
+    return renaming;
+}
+
+}  // namespace
+
+InputFolder::InputFolder(const kmString& path) : m_path(path), m_handle(machine::OpenFolder(path)) {}
+
+InputFolder::~InputFolder() {
+    if (m_handle != kNoHandle) machine::CloseFolder(m_handle);
+}
+
+bool InputFolder::List(kmStringView suffix, std::vector<kmString>& names) const {
+    names.clear();
+    const bool isComplete = ForEachEntry(*this, [&](const machine::Entry& entry) {
+        if (entry.kind == Kind::Folder || entry.kind == Kind::Other || entry.name.front() == KM_TEXT('.'))
+            return;
+        if (EndsNoCase(entry.name, suffix)) names.push_back(entry.name);
+    });
+    if (!machine::kListsInOrder) std::sort(names.begin(), names.end(), NameLess);
+    return isComplete;
+}
+
+InputFile::~InputFile() {
+    if (m_handle != kNoHandle) machine::CloseRead(m_handle);
+}
+
+bool InputFile::Open(const kmChar* path) {
+    m_handle = machine::OpenFile(path, m_size);
+    return m_handle != kNoHandle;
+}
+
+bool InputFile::Open(const InputFolder& folder, const kmString& name) {
+    m_handle = machine::OpenFileIn(folder.Handle(), folder.Path(), name, m_size);
+    return m_handle != kNoHandle;
+}
+
+bool InputFile::Read(void* bytes, std::size_t count, std::size_t& got) {
+    got = 0;
+    while (got < count) {
+        std::size_t step = 0;
+        if (!machine::Read(m_handle, static_cast<char*>(bytes) + got, count - got, step)) return false;
+        if (step == 0) return true;
+        got += step;
+    }
+    return true;
+}
+
+StoreResult StoreFile(const kmChar* path, const void* bytes, std::size_t count, Storing storing) {
+    RemoveAbandonedFiles(path);
+    if (storing == Storing::New) return StoreNew(path, bytes, count);
+    Path place = machine::FindPlace(path);
+    Path old;
+    if (!MayStore(place, old)) return StoreResult::CannotOpen;
+    TemporaryFile file;
+    if (!file.Create(place, old)) return StoreResult::CannotOpen;
+    if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
+    if (storing == Storing::Respell && machine::kNamesIgnoreCase && !old.empty()) {
+        // There a replacement takes the spelling that it is given, unless the place is that of a link's
+        // target.
+        const Path given = machine::FindGivenPlace(path);
+        Path entry;
+        if (machine::FindEntry(path, entry) && entry == place && !given.empty()) place = given;
+    }
+    if (!file.MoveOver(place)) return StoreResult::CannotWrite;
+    const bool isLasting = machine::FlushFolderOf(place);
+    if (storing == Storing::Respell && !machine::kNamesIgnoreCase) Respell(path);
+    return ResultOf(isLasting);
+}
+
+StoreResult StoreRenamed(const kmChar* from, const kmChar* to, const void* bytes, std::size_t count) {
+    RemoveAbandonedFiles(to);
+    const Renaming renaming = FindRenaming(from, to);
+    if (renaming.refusal != StoreResult::Done) return renaming.refusal;
+    const Path place = machine::FindPlace(from);
+    Path old;
+    if (!MayStore(place, old) || old.empty()) return StoreResult::CannotOpen;
+    TemporaryFile file;
+    if (!file.Create(place, old)) return StoreResult::CannotOpen;
+    if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
+    if (renaming.from == renaming.to) return ResultOf(file.MoveOver(place) && machine::FlushFolderOf(place));
+    if (place != renaming.from) return StoreThroughRenamedLink(file, renaming.from, renaming.to, place);
+    if (renaming.isSameEntry && machine::kNamesIgnoreCase)
+        return ResultOf(file.MoveOver(renaming.to) && machine::FlushFolderOf(place));
+    return StoreAndRemove(file, renaming.from, renaming.to);
+}
+
+bool RenameFile(const kmChar* from, const kmChar* to) {
+    const Renaming renaming = FindRenaming(from, to);
+    if (renaming.refusal != StoreResult::Done) return false;
+    if (renaming.from == renaming.to) return true;
+    if (machine::MoveToNew(renaming.from, renaming.to) != MoveResult::Done) return false;
+    static_cast<void>(machine::FlushFolderOf(renaming.to));  // the old name after a crash, at worst
+    return true;
+}
+
+bool EntryExists(const kmChar* path) {
+    Path entry;
+    return !machine::FindEntry(path, entry) || !entry.empty();
+}
+
+bool RemoveFile(const kmChar* path) {
+    Path entry;
+    if (!machine::FindEntry(path, entry) || entry.empty()) return false;
+    const Kind kind = machine::KindOf(entry);
+    if (kind == Kind::Folder || kind == Kind::Other || !machine::MayRemove(entry)) return false;
+    if (!machine::Remove(entry)) return false;
+    static_cast<void>(machine::FlushFolderOf(entry));  // the file is back after a crash, at worst
+    return true;
+}
+
+void CreateFolder(const kmChar* path) { machine::MakeFolder(path); }
