@@ -22,7 +22,7 @@ private:
     std::vector<std::vector<std::string>> m_rows;
 };
 
-// A figure with that many digits behind the point.
+// A figure with that many digits after the point.
 std::string Fixed(double value, int digits);
 
 // What a program has to tell: printed at once, and kept for a file.

@@ -29,7 +29,7 @@ char* Put(std::uint32_t code, char* out) {
     return out;
 }
 
-// Converts one character at `at`, which moves behind it.
+// Converts one character at `at`, which moves past it.
 char* ConvertOne(const char16_t*& at, const char16_t* end, char* out) {
     const char16_t unit = *at++;
     if (!IsHigh(unit) || at == end || !IsLow(*at)) return Put(unit, out);

@@ -1,3 +1,5 @@
+// What a file name may be on the strictest of the systems decides everywhere, so that profiles can be moved
+// between them.
 #include "kmProfileID.h"
 
 #include <algorithm>

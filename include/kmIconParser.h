@@ -32,7 +32,7 @@ public:
     // The icons' size in pixels and the colour that is transparent in the images, as text.
     void GetIconInfo(std::int32_t& width, std::int32_t& height, kmString& transparentColor, bool group) const;
 
-    // Whether all icons are in one image file.
+    // Whether all icons are in one image file. Exported with this spelling, which therefore stays.
     bool ProfileIconIsSignleImage() const { return m_profileSingleImage; }
     bool GroupIconIsSignleImage() const { return m_groupSingleImage; }
 
@@ -57,7 +57,7 @@ private:
     bool ReplaceIcon(const kmString& target, const kmString& source, IconFile& file);
     bool AddIcon(const kmString& target, const kmString& source, IconFile& file);
 
-    static kmIconParser m_signleInstance;
+    static kmIconParser m_signleInstance;  // exported with this spelling
 
     Table m_groupIcons;
     Table m_profileIcons;

@@ -14,7 +14,8 @@ struct KM_EXPORT _MP3Limit {
     // The limit of exactly this sample rate in kbit/s; -1 when it has none.
     static std::int32_t GetmaxBitrate(std::int32_t sampleRate);
 
-    // The lowest listed sample rate in Hz that allows `bitRate` kbit/s; -1 when none does.
+    // The lowest listed sample rate in Hz that allows `bitRate` kbit/s; -1 when none does. Exported with
+    // this spelling, which therefore stays, as does that of GetmaxBitrate.
     static std::int32_t GetMinSmaple(std::int32_t bitRate);
 
     // Whether the pair is allowed. With `checkBitrate`: false only for a bit rate above the limit of a

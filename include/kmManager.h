@@ -105,7 +105,7 @@ private:
     void ReRead(const kmString& id);
     void CallCallbacks(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID);
 
-    static kmManager m_signleInstance;
+    static kmManager m_signleInstance;  // exported with this spelling
 
     kmString m_idFilter;
     kmString m_groupFilter;

@@ -69,14 +69,17 @@ public:
     // Only with `overwrite` is another user profile replaced; a user profile's own file always is. The old
     // file stays whole until the new one is. The catalogue, its callbacks and the icons are told before the
     // call returns.
-    //   PROFILE_ERROR_SYSTEM, PROFILE_ERROR_EXIST   refused before any file was touched
-    //   PROFILE_ERROR_FILE                          never loaded, an ID that cannot name a file, or the disk
-    //   failed;
-    //                                               nobody was told
+    // PROFILE_ERROR_SYSTEM and PROFILE_ERROR_EXIST: refused before any file was touched. PROFILE_ERROR_FILE,
+    // with every file as before and nobody told: the profile was never loaded, the ID has a fault
+    // (kmFindIDFault; the own ID may begin with "."), a name in the profile cannot stand in a file, or the
+    // disk failed. Without `overwrite` only the catalogue is asked whether the ID is free: a file that it
+    // does not know is replaced.
     PROFILE_EERROR Save(const kmString& newID, bool overwrite);
 
     // Gives the file of a user profile, and this object, a new ID. The file is never put in the place of
-    // another. Results as for Save; PROFILE_ERROR_EXIST also for the own ID.
+    // another. Results as for Save; PROFILE_ERROR_EXIST also for the own ID, if the catalogue has it. A file
+    // that cannot be read gets its new name all the same, with PROFILE_ERROR_FILE. Save and ReName use the
+    // catalogue and the icons of the process, and so belong to one thread in it.
     PROFILE_EERROR ReName(const kmString& newID);
 
     // The value of a setting; empty when the profile lacks it.
@@ -161,7 +164,9 @@ private:
     bool IsValue(const kmChar* id, const kmChar* value) const;
     std::int32_t IntegerOf(const kmChar* id) const;
 
-    friend KM_EXPORT kmString kmFolderOf(const kmProfile& profile);  // declared in kmProfileFile.h
+    // Declared in kmProfileFile.h.
+    friend KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
+    friend KM_EXPORT PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& newID);
 
     struct ItemMembers;
 
@@ -169,6 +174,7 @@ private:
     void ReadItems(const XMLNode& parameter);
 
     PROFILE_EERROR FindSaveRefusal(const kmString& newID, bool overwrite) const;
+    PROFILE_EERROR SaveUnder(const kmString& newID, bool overwrite, bool onlyNew);
     XMLNode BuildDocument(const kmString& newID);
     bool StoreUnder(const kmString& newID) const;
 

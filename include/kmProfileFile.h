@@ -7,3 +7,9 @@
 // The folder in which the profile was looked for last, with a final "\": that of its file after a load that
 // succeeded. Empty for a profile that was never loaded.
 KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
+
+// Saves the profile under an ID that nobody has: like kmProfile::Save without overwriting, but where that
+// asks the catalogue alone, here the file system decides, in the step that gives the file its name. So
+// nothing is ever replaced, not even a file that is no profile or that another process has just made:
+// PROFILE_ERROR_EXIST then, as for the profile's own ID.
+KM_EXPORT PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& newID);

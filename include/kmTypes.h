@@ -26,7 +26,7 @@ enum PROFILE_TYPE : std::int32_t {
     PROFILE_TYPE_PICTURE = 3,  // neither, has "pcodec": still pictures
 };
 
-// The result of saving or renaming a profile.
+// The result of saving or renaming a profile. Exported with this spelling, which therefore stays.
 enum PROFILE_EERROR : std::int32_t {
     PROFILE_ERROR_NONE = 0,    // done
     PROFILE_ERROR_SYSTEM = 1,  // refused: a system profile would be written or given a new ID

@@ -1,4 +1,4 @@
-// The look-up behind all others, for callers that know how long the name is.
+// The look-up under all others, for callers that know how long the name is.
 #pragma once
 
 #include "text/Ascii.h"

@@ -34,7 +34,7 @@ extern const bool kListsInOrder;
 // cannot be told.
 [[nodiscard]] bool FindEntry(const kmChar* path, Path& entry);
 
-// Where the file of that name is, behind links and spelled as on the disk, or where it would be. Empty when
+// Where the file of that name is, links followed and spelled as on the disk, or where it would be. Empty when
 // there is no such folder, or it cannot be told.
 Path FindPlace(const kmChar* path);
 

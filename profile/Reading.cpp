@@ -1,3 +1,5 @@
+// From a file to a profile. The attributes of an item are walked once, and the table of fields says what each
+// becomes.
 #include <cstdint>
 #include <iterator>
 

@@ -1,3 +1,4 @@
+// Both parsers follow the encoder's own reading of these texts, down to what it makes of malformed ones.
 #include "profile/ValueParsers.h"
 
 #include "text/Numbers.h"

@@ -6,7 +6,7 @@
 #include "kmTypes.h"
 
 // A time in microseconds: "h:m:s" of one or two digits each with hours up to 23, or a whole number of
-// seconds, either with up to six digits behind a "." and a "-" in front. Never fails; text that makes no
+// seconds, either with up to six digits after a "." and a "-" in front. Never fails; text that makes no
 // sense gives 0.
 std::int64_t ParseDuration(const kmChar* text);
 

@@ -8,6 +8,7 @@
 #include "document/ProfileID.h"
 #include "kmIconParser.h"
 #include "kmManager.h"
+#include "kmProfileFile.h"
 #include "kmProfileID.h"
 #include "platform/Files.h"
 #include "profile/ItemMembers.h"
@@ -85,10 +86,17 @@ PROFILE_EERROR kmProfile::FindSaveRefusal(const kmString& newID, bool overwrite)
     return existing != nullptr && existing->IsSystem() ? PROFILE_ERROR_SYSTEM : PROFILE_ERROR_NONE;
 }
 
-// The ID is copied here and in ReName: a callback may change the list that the caller's text stands in. It
-// ends at its first null unit.
+// The IDs are copied first: a callback may change the list that the caller's text stands in. They end at
+// their first null units.
 PROFILE_EERROR kmProfile::Save(const kmString& targetID, bool overwrite) {
-    const kmString newID = targetID.c_str();
+    return SaveUnder(targetID.c_str(), overwrite, /*onlyNew=*/false);
+}
+
+PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& targetID) {
+    return profile.SaveUnder(targetID.c_str(), /*overwrite=*/false, /*onlyNew=*/true);
+}
+
+PROFILE_EERROR kmProfile::SaveUnder(const kmString& newID, bool overwrite, bool onlyNew) {
     if (m_folder.empty()) return PROFILE_ERROR_FILE;
     const PROFILE_EERROR refusal = FindSaveRefusal(newID, overwrite);
     if (refusal != PROFILE_ERROR_NONE) return refusal;
@@ -99,8 +107,9 @@ PROFILE_EERROR kmProfile::Save(const kmString& targetID, bool overwrite) {
     const kmString folder = m_header.isSystem ? GetUserFolder(m_folder.c_str()) : m_folder;
     if (m_header.isSystem) CreateFolder(folder.c_str());
     const kmString path = ProfilePath(folder, newID);
-    if (document.SaveToFile(path.c_str(), nullptr, /*formatted=*/true, Storing::Respell) != XML_ERROR_NONE)
-        return PROFILE_ERROR_FILE;
+    const StoreResult stored = document.Store(path.c_str(), onlyNew ? Storing::New : Storing::Respell);
+    if (stored == StoreResult::Exists) return PROFILE_ERROR_EXIST;
+    if (stored != StoreResult::Done) return PROFILE_ERROR_FILE;
     ReportChange(PROFILE_SAVED, newID, m_id, nullptr);
     return PROFILE_ERROR_NONE;
 }
@@ -150,7 +159,7 @@ bool kmProfile::StoreUnder(const kmString& newID) const {
     }
     SetHeaderName(root.FindChild(format::kMain), newID);
     if (!root.ReadsBackTheSame()) return false;
-    if (root.SaveRenamed(from.c_str(), to.c_str(), /*formatted=*/true) != XML_ERROR_NONE) return false;
+    if (root.StoreInstead(from.c_str(), to.c_str()) != StoreResult::Done) return false;
     if (result.code != XML_ERROR_NONE) ReportXMLError(to.c_str(), result, format::kRoot);
     return true;
 }

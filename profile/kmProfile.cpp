@@ -1,3 +1,4 @@
+// Access to the items of a profile, by ID.
 #include "kmProfile.h"
 
 #include <algorithm>

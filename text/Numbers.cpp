@@ -1,3 +1,6 @@
+// Integers are read digit by digit and held at the limits. Decimals are cut out of the text first, as the home
+// system delimits them, and then converted by the standard library, which rounds correctly and knows no locale;
+// it does not tell overflow from underflow, so that is decided by the number's magnitude.
 #include "text/Numbers.h"
 
 #include <algorithm>
@@ -34,8 +37,8 @@ bool TakeSign(const kmChar*& at) {
     return *at++ == KM_TEXT('-');
 }
 
-// Takes the prefix that base 0 looks for and returns the base of the digits behind it. "0x" is a prefix only
-// with a digit behind it; else its "0" is the whole number.
+// Takes the prefix that base 0 looks for and returns the base of the digits after it. "0x" is a prefix only
+// with a digit after it; else its "0" is the whole number.
 int TakePrefix(const kmChar*& at) {
     if (*at != KM_TEXT('0')) return 10;
     if (FoldLower(at[1]) != KM_TEXT('x') || DigitValue(at[2]) >= 16) return 8;

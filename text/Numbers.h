@@ -10,7 +10,7 @@ constexpr bool IsDigit(kmChar c) { return c >= KM_TEXT('0') && c <= KM_TEXT('9')
 
 // The integer at the start of `text`: white space, a sign, digits. Base 10, or base 0, where "0x" and "0X"
 // introduce hexadecimal and a leading "0" octal digits. Without digits 0; beyond 32 bits the nearest limit.
-// `end`, when not null, receives where reading stopped: behind the last digit, or `text` itself without
+// `end`, when not null, receives where reading stopped: after the last digit, or `text` itself without
 // digits.
 std::int32_t ReadInteger(const kmChar* text, int base, const kmChar** end = nullptr);
 

@@ -292,9 +292,8 @@ bool Parser::ParseAttributes(Element& element) {
 }
 
 // The attributes that stand one space apart, as far as they are written as nearly all are. They are ended at
-// once: the
-// "=" and the quote that this overwrites have been read, and are no line feeds, which positions are counted
-// by.
+// once: what this overwrites, the "=" and the quote, has been read and is no line feed, which positions are
+// counted by.
 void Parser::ParsePlainAttributes(Element& element) {
     while (*m_at == KM_TEXT(' ')) {
         kmChar* name = Record(m_at + 1);

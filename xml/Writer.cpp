@@ -203,6 +203,13 @@ XMLErrorCode CodeOf(StoreResult result) {
     }
 }
 
+// Calls `store` with the bytes of a file; there are none of what makes no file.
+template <class StoreBytes>
+StoreResult StoreText(const Text& text, StoreBytes store) {
+    if (text.length == 0) return StoreResult::CannotWrite;
+    return store(text.units.get(), text.length * sizeof(kmChar));
+}
+
 }  // namespace
 
 std::unique_ptr<kmChar[]> XMLNode::ToText(bool formatted, std::size_t* length) const {
@@ -220,18 +227,25 @@ bool XMLNode::ReadsBackTheSame() const {
     return !copy.IsEmpty() && HoldTheSame(*m_element, *copy.m_element);
 }
 
-XMLErrorCode XMLNode::SaveToFile(const kmChar* path, const kmChar* /*encoding*/, bool formatted,
-                                 Storing storing) const {
+XMLErrorCode XMLNode::SaveToFile(const kmChar* path, const kmChar* /*encoding*/, bool formatted) const {
     if (IsEmpty()) return XML_ERROR_NONE;
     if (path == nullptr) return XML_ERROR_OPEN_FOR_WRITING;
-    const Text text = FileTextOf(*this, *m_element, formatted);
-    if (text.length == 0) return XML_ERROR_WRITE;
-    return CodeOf(StoreFile(path, text.units.get(), text.length * sizeof(kmChar), storing));
+    return CodeOf(
+        StoreText(FileTextOf(*this, *m_element, formatted),
+                  [path](const kmChar* bytes, std::size_t count) { return StoreFile(path, bytes, count); }));
 }
 
-XMLErrorCode XMLNode::SaveRenamed(const kmChar* from, const kmChar* to, bool formatted) const {
-    if (IsEmpty() || from == nullptr || to == nullptr) return XML_ERROR_OPEN_FOR_WRITING;
-    const Text text = FileTextOf(*this, *m_element, formatted);
-    if (text.length == 0) return XML_ERROR_WRITE;
-    return CodeOf(StoreRenamed(from, to, text.units.get(), text.length * sizeof(kmChar)));
+StoreResult XMLNode::Store(const kmChar* path, Storing storing) const {
+    if (IsEmpty()) return StoreResult::CannotWrite;
+    return StoreText(FileTextOf(*this, *m_element, /*formatted=*/true),
+                     [path, storing](const kmChar* bytes, std::size_t count) {
+                         return StoreFile(path, bytes, count, storing);
+                     });
+}
+
+StoreResult XMLNode::StoreInstead(const kmChar* from, const kmChar* to) const {
+    if (IsEmpty()) return StoreResult::CannotWrite;
+    return StoreText(
+        FileTextOf(*this, *m_element, /*formatted=*/true),
+        [from, to](const kmChar* bytes, std::size_t count) { return StoreRenamed(from, to, bytes, count); });
 }

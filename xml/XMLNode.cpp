@@ -1,3 +1,5 @@
+// Look-ups walk linked content. A walk by index continues where the last one stood, so that going through all
+// children by index costs one pass.
 #include "xml/XMLNode.h"
 
 #include <utility>

@@ -102,11 +102,12 @@ public:
     // nothing. The file is replaced in one step, see StoreFile: after XML_ERROR_OPEN_FOR_WRITING or
     // XML_ERROR_WRITE an old one is still there, whole. Texts above kLargestFile are not written. The empty
     // node writes nothing and succeeds.
-    [[nodiscard]] XMLErrorCode SaveToFile(const kmChar* path, const kmChar* encoding, bool formatted,
-                                          Storing storing = Storing::Replace) const;
+    [[nodiscard]] XMLErrorCode SaveToFile(const kmChar* path, const kmChar* encoding, bool formatted) const;
 
-    // Writes it to the file `to` instead of `from`, see StoreRenamed; the results are the same.
-    [[nodiscard]] XMLErrorCode SaveRenamed(const kmChar* from, const kmChar* to, bool formatted) const;
+    // The same, formatted, in the other ways in which files are stored; and into the place of the file
+    // `from`, which then is called `to`, see StoreRenamed.
+    [[nodiscard]] StoreResult Store(const kmChar* path, Storing storing) const;
+    [[nodiscard]] StoreResult StoreInstead(const kmChar* from, const kmChar* to) const;
 
 private:
     XMLNode(DocumentHandle document, Element* element) noexcept
