@@ -145,14 +145,18 @@ PROFILE_EERROR kmProfile::ReName(const kmString& targetID) {
     return PROFILE_ERROR_NONE;
 }
 
-// Gives the file its new name, with the new ID in it and everything else that it holds. One that cannot be
-// read gets the name all the same, which is no success. The message about the file names it as it is called
-// then.
+// Gives the file its new name, with the new ID in it and everything else that it holds. One that is no
+// profile gets the name all the same, which is no success; one that cannot even be opened stays, since
+// somebody may hold it. The message about the file names it as it is called then.
 bool kmProfile::StoreUnder(const kmString& newID) const {
     const kmString from = ProfilePath(m_folder, m_id);
     const kmString to = ProfilePath(m_folder, newID);
     XMLParseResult result;
     const XMLNode root = XMLNode::ParseDocumentFile(from.c_str(), format::kRoot, &result);
+    if (result.code == XML_ERROR_FILE_NOT_FOUND) {
+        if (EntryExists(from.c_str())) ReportXMLError(from.c_str(), result, format::kRoot);
+        return false;
+    }
     if (root.IsEmpty()) {
         if (RenameFile(from.c_str(), to.c_str())) ReportXMLError(to.c_str(), result, format::kRoot);
         return false;
