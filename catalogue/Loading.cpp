@@ -67,7 +67,9 @@ void kmManager::LoadProfile(const kmString& folder, bool skipSystem) {
 void kmManager::ReadFolder(const kmString& folder, bool skipSystem, Filing& filing) {
     const InputFolder files(folder);
     std::vector<kmString> names;
-    files.List(format::kSuffix, names);
+    // Part of the profiles is then missing, which must not pass unnoticed.
+    if (!files.List(format::kSuffix, names))
+        ReportXMLError(folder.c_str(), {XML_ERROR_FILE_NOT_FOUND, 0, 0}, format::kRoot);
     for (const kmString& name : names) {
         AddDocument(name, XMLNode::OpenDocumentIn(files, name, format::kRoot), skipSystem, filing);
     }

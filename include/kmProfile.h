@@ -73,7 +73,8 @@ public:
     // with every file as before and nobody told: the profile was never loaded, the ID has a fault
     // (kmFindIDFault; the own ID may begin with "."), a name in the profile cannot stand in a file, or the
     // disk failed. Without `overwrite` only the catalogue is asked whether the ID is free: a file that it
-    // does not know is replaced.
+    // does not know is replaced, on Windows also one whose name differs in the case of letters beyond ASCII;
+    // kmSaveAsNew replaces nothing. After a load that failed there are no items, and that is what is saved.
     PROFILE_EERROR Save(const kmString& newID, bool overwrite);
 
     // Gives the file of a user profile, and this object, a new ID. The file is never put in the place of

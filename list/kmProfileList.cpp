@@ -3,8 +3,9 @@
 #include "kmProfileList.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
 
+#include "list/TextIndex.h"
 #include "text/Ascii.h"
 #include "text/Numbers.h"
 
@@ -38,20 +39,13 @@ public:
         return copy;
     }
 
-    // Keeps the texts that `other` offers too. Looked up by hash, so that the cost is that of reading both
-    // lists.
+    // Keeps the texts that `other` offers too.
     void Reduce(const kmProfileItem& other) {
         const std::vector<kmString>& offered = DisplayOf(other, m_view);
-        if (std::equal(m_texts.begin(), m_texts.end(), offered.begin(), offered.end())) return;
-        if (m_lastOffered.empty()) {
-            for (const kmStringView text : m_texts) m_lastOffered.emplace(text, 0);
-        }
-        ++m_round;
-        for (const kmString& text : offered) {
-            const auto found = m_lastOffered.find(text);
-            if (found != m_lastOffered.end()) found->second = m_round;
-        }
-        std::erase_if(m_texts, [this](kmStringView text) { return m_lastOffered.at(text) != m_round; });
+        if (std::equal(m_texts.begin(), m_texts.end(), offered.begin(), offered.end(), EqualExactly)) return;
+        TextIndex index;
+        index.Assign({offered.begin(), offered.end()});
+        std::erase_if(m_texts, [&index](kmStringView text) { return index.Find(text) == TextIndex::kNone; });
     }
 
     static bool IsShown(const kmProfileItem& item, View view) {
@@ -66,8 +60,6 @@ private:
     const kmProfileItem* m_item;
     View m_view;
     std::vector<kmStringView> m_texts;
-    std::unordered_map<kmStringView, unsigned> m_lastOffered;  // by text, the round that offered it last
-    unsigned m_round = 0;
 };
 
 std::vector<kmProfileList::CommonItem> kmProfileList::FindCommonItems(const std::vector<kmProfile*>& profiles,
@@ -77,14 +69,19 @@ std::vector<kmProfileList::CommonItem> kmProfileList::FindCommonItems(const std:
     for (const kmProfileItem& item : profiles.front()->GetProfileItems()) {
         if (CommonItem::IsShown(item, view)) common.emplace_back(item, view);
     }
-    std::unordered_map<kmStringView, const kmProfileItem*> shown;
     for (std::size_t i = 1; i < profiles.size(); ++i) {
-        shown.clear();
+        std::vector<const kmProfileItem*> shown;
+        std::vector<kmStringView> ids;
         for (const kmProfileItem& item : profiles[i]->GetProfileItems()) {
-            if (CommonItem::IsShown(item, view)) shown.emplace(item.m_id, &item);
+            if (!CommonItem::IsShown(item, view)) continue;
+            shown.push_back(&item);
+            ids.push_back(item.m_id);
         }
-        std::erase_if(common, [&shown](const CommonItem& item) { return shown.count(item.ID()) == 0; });
-        for (CommonItem& item : common) item.Reduce(*shown.find(item.ID())->second);
+        TextIndex index;
+        index.Assign(std::move(ids));
+        std::erase_if(common,
+                      [&index](const CommonItem& item) { return index.Find(item.ID()) == TextIndex::kNone; });
+        for (CommonItem& item : common) item.Reduce(*shown[index.Find(item.ID())]);
     }
     return common;
 }

@@ -2,6 +2,7 @@
 #define NOMINMAX
 #endif
 #define WIN32_LEAN_AND_MEAN
+#include <fcntl.h>
 #include <io.h>
 #include <windows.h>
 
@@ -19,6 +20,15 @@ HANDLE FindConsole(int file) {
     const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(file));
     DWORD mode = 0;
     return handle != INVALID_HANDLE_VALUE && GetConsoleMode(handle, &mode) != 0 ? handle : nullptr;
+}
+
+// Whether the application has set the stream to take wide text, which it converts by itself.
+bool IsWide(int file) {
+    constexpr int kWideModes = _O_WTEXT | _O_U16TEXT | _O_U8TEXT;
+    const int mode = _setmode(file, _O_BINARY);  // there is no way to ask without setting
+    if (mode == -1) return false;
+    _setmode(file, mode);
+    return (mode & kWideModes) != 0;
 }
 
 // In pieces, because older consoles take 64 KB at once.
@@ -54,8 +64,13 @@ void PrintText(kmStringView text) {
         WriteToConsole(console, text);
         return;
     }
-    const std::string bytes = BytesFromText(text);
-    std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+    std::fflush(stdout);
+    if (IsWide(file)) {
+        std::fputws(kmString(text).c_str(), stdout);
+    } else {
+        const std::string bytes = BytesFromText(text);
+        std::fwrite(bytes.data(), 1, bytes.size(), stdout);
+    }
     // An application that was built with another runtime does not share this buffer.
     std::fflush(stdout);
 }
