@@ -10,22 +10,35 @@
 
 constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kMin64 = std::numeric_limits<std::int64_t>::min();
+constexpr std::int64_t kMax64 = std::numeric_limits<std::int64_t>::max();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
 TEST(Numbers, ReadInteger) {
+    // The number in base 0 and how many units it took, then the same in base 10.
     // clang-format off
-    const struct { const char* text; int base0, end0, base10, end10; } rows[] = {
-        {"", 0, 0, 0, 0}, {"  -", 0, 0, 0, 0}, {"- 5", 0, 0, 0, 0}, {"+-5", 0, 0, 0, 0}, {"abc", 0, 0, 0, 0},
-        {"+5", 5, 2, 5, 2}, {" \t\n\v\f\r-7 ", -7, 8, -7, 8}, {"  12px", 12, 4, 12, 4}, {"1.9", 1, 1, 1, 1},
-        {"0X1Fg", 31, 4, 0, 1}, {"-0x10", -16, 5, 0, 2}, {"0xg", 0, 1, 0, 1}, {"-0x", 0, 2, 0, 2},
-        {"010", 8, 3, 10, 3}, {"08", 0, 1, 8, 2}, {"00x10", 0, 2, 0, 2}, {"2147483647", kMax, 10, kMax, 10},
-        {"-2147483648", kMin, 11, kMin, 11}, {"2147483648", kMax, 10, kMax, 10},
-        {"-2147483649", kMin, 11, kMin, 11}, {"4294967301", kMax, 10, kMax, 10},
-        {"18446744073709551621", kMax, 20, kMax, 20}, {"0xFFFFFFFF", kMax, 10, 0, 1}, {"1\uff13", 1, 1, 1, 1},
-        {"\u00a05", 0, 0, 0, 0}};
+    const struct { const char *name, *text; int base0, end0, base10, end10; } rows[] = {
+        {"empty_text_read", "", 0, 0, 0, 0},
+        {"space_and_sign_taken_without_digits", "  -", 0, 0, 0, 0},
+        {"space_after_the_sign_skipped", "- 5", 0, 0, 0, 0},
+        {"two_signs_taken", "+-5", 0, 0, 0, 0},
+        {"plus_refused", "+5", 5, 2, 5, 2},
+        {"white_space_refused_or_taken_at_the_end", " \t\n\v\f\r-7 ", -7, 8, -7, 8},
+        {"prefix_in_capitals_refused", "0X1Fg", 31, 4, 0, 1},
+        {"sign_before_the_prefix_lost", "-0x10", -16, 5, 0, 2},
+        {"prefix_without_digits_taken", "0xg", 0, 1, 0, 1},
+        {"octal_read_as_decimal", "010", 8, 3, 10, 3},
+        {"eight_taken_for_octal", "08", 0, 1, 8, 2},
+        {"one_too_many_wraps", "2147483648", kMax, 10, kMax, 10},
+        {"one_too_few_wraps", "-2147483649", kMin, 11, kMin, 11},
+        {"64_bits_wrap", "18446744073709551621", kMax, 20, kMax, 20},
+        {"hexadecimal_wraps", "0xFFFFFFFF", kMax, 10, 0, 1},
+        {"full_width_digit_taken", "1\uff13", 1, 1, 1, 1},
+        {"no_break_space_skipped", "\u00a05", 0, 0, 0, 0},
+    };
     // clang-format on
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
+        SCOPED_TRACE(testing::Message() << row.name << " given \"" << row.text << '"');
         const auto exact = ExactBuffer(TextFromBytes(row.text));
         const kmChar* end = nullptr;
         EXPECT_EQ(ReadInteger(exact.data(), 0, &end), row.base0);
@@ -45,22 +58,50 @@ TEST(Numbers, IntegerTextReadsBack) {
 TEST(Numbers, ReadDecimal) {
     const std::string zeros(400, '0');
     // clang-format off
-    const struct { std::string text; double value; } rows[] = {
-        {"", 0.0}, {"-.", 0.0}, {" +.5", 0.5}, {"5.x", 5.0}, {"1.2.3", 1.2}, {"1,5", 1.0},
-        {"\t-29.97", -29.97}, {"1.5E+2x", 150.0}, {"2e-", 2.0}, {"1d3", 1.0}, {"0x10", 0.0}, {"inf", 0.0},
-        {"nan", 0.0}, {"1\uff13", 1.0}, {"9007199254740993", 9007199254740992.0}, {"4.9e-324", 4.9e-324},
-        {"-1e400", -kInfinity}, {"1" + zeros, kInfinity}, {"1e-400", 0.0}, {"0." + zeros + "1", 0.0},
-        {"0." + zeros + "1e401", 1.0}, {"1e99999999999999999999", kInfinity},
-        {"1e-99999999999999999999", 0.0}, {"0.0e99999999999999999999", 0.0}};
+    const struct { const char* name; std::string text; double expected; } rows[] = {
+        {"empty_text_read", "", 0.0},
+        {"point_taken_for_a_digit", "-.", 0.0},
+        {"digits_before_the_point_demanded", " +.5", 0.5},
+        {"digits_after_the_point_demanded", "5.x", 5.0},
+        {"second_point_taken", "1.2.3", 1.2},
+        {"comma_taken_for_the_point", "1,5", 1.0},
+        {"white_space_or_minus_lost", "\t-29.97", -29.97},
+        {"exponent_in_capitals_or_its_plus_refused", "1.5E+2x", 150.0},
+        {"exponent_without_digits_taken", "2e-", 2.0},
+        {"d_taken_for_an_exponent", "1d3", 1.0},
+        {"hexadecimal_read", "0x10", 0.0},
+        {"infinity_spelt_out_read", "inf", 0.0},
+        {"full_width_digit_taken", "1\uff13", 1.0},
+        {"rounded_up_where_even_is_below", "9007199254740993", 9007199254740992.0},
+        {"smallest_number_lost", "4.9e-324", 4.9e-324},
+        {"too_low_is_zero", "-1e400", -kInfinity},
+        {"too_many_digits_are_zero", "1" + zeros, kInfinity},
+        {"too_small_is_infinite", "1e-400", 0.0},
+        {"too_small_by_its_digits_is_infinite", "0." + zeros + "1", 0.0},
+        {"exponent_judged_without_the_digits", "0." + zeros + "1e401", 1.0},
+        {"large_exponent_overflows", "1e99999999999999999999", kInfinity},
+        {"small_exponent_overflows", "1e-99999999999999999999", 0.0},
+        {"zero_made_infinite_by_its_exponent", "0.0e99999999999999999999", 0.0},
+    };
     // clang-format on
-    for (const auto& row : rows)
-        EXPECT_EQ(ReadDecimal(ExactBuffer(TextFromBytes(row.text)).data()), row.value) << row.text;
+    for (const auto& row : rows) {
+        EXPECT_EQ(ReadDecimal(ExactBuffer(TextFromBytes(row.text)).data()), row.expected)
+            << row.name << " given \"" << row.text << '"';
+    }
 }
 
 TEST(Numbers, TruncateNeverLeavesTheRange) {
-    EXPECT_TRUE(TruncateTo32(-1.9) == -1 && TruncateTo64(-1.9) == -1);
-    EXPECT_TRUE(TruncateTo32(2147483647.9) == kMax && TruncateTo32(-kInfinity) == kMin);
-    EXPECT_EQ(TruncateTo64(9223372036854775808.0), std::numeric_limits<std::int64_t>::max());
-    EXPECT_EQ(TruncateTo64(-1e300), std::numeric_limits<std::int64_t>::min());
-    EXPECT_EQ(TruncateTo32(std::nan("")) + TruncateTo64(std::nan("")), 0);
+    // clang-format off
+    const struct { const char* name; double value; std::int32_t in32; std::int64_t in64; } rows[] = {
+        {"rounded_down_instead_of_toward_zero", -1.9, -1, -1},
+        {"32_bits_wrap", 2147483648.0, kMax, 2147483648},
+        {"64_bits_wrap", 9223372036854775808.0, kMax, kMax64},
+        {"far_below_is_undefined", -kInfinity, kMin, kMin64},
+        {"no_number_is_undefined", std::nan(""), 0, 0},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        EXPECT_EQ(TruncateTo32(row.value), row.in32) << row.name << " given " << row.value;
+        EXPECT_EQ(TruncateTo64(row.value), row.in64) << row.name << " given " << row.value;
+    }
 }
