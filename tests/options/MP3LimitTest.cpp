@@ -2,27 +2,48 @@
 
 #include <gtest/gtest.h>
 
-#include <utility>
-
-TEST(MP3Limit, LookUps) {
-    using Pair = std::pair<std::int32_t, std::int32_t>;
-    for (const auto& [rate, limit] :
-         {Pair{8000, 160}, {16000, 160}, {22050, 160}, {32000, 320}, {44100, -1}, {0, -1}}) {
-        EXPECT_EQ(_MP3Limit::GetmaxBitrate(rate), limit) << rate;
-    }
-    for (const auto& [bits, rate] : {Pair{-1, 8000}, {160, 8000}, {161, 32000}, {320, 32000}, {321, -1}})
-        EXPECT_EQ(_MP3Limit::GetMinSmaple(bits), rate) << bits;
+TEST(Mp3Limit, LimitOfASampleRate) {
+    // clang-format off
+    const struct { const char* name; std::int32_t sampleRate, limit; } rows[] = {
+        {"lowest_lost", 8000, 160},
+        {"second_lost", 16000, 160},
+        {"third_lost", 22050, 160},
+        {"highest_lost", 32000, 320},
+        {"unlisted_limited", 44100, -1},
+    };
+    // clang-format on
+    for (const auto& row : rows)
+        EXPECT_EQ(_MP3Limit::GetmaxBitrate(row.sampleRate), row.limit) << row.name << ' ' << row.sampleRate;
 }
 
-TEST(MP3Limit, ValidPairs) {
+TEST(Mp3Limit, LowestSampleRateForABitRate) {
     // clang-format off
-    const struct { std::int32_t sampleRate, bitRate; bool checked, unchecked; } rows[] = {
-        {32001, 9999, true, true}, {22050, 160, true, false}, {22050, 161, false, false},
-        {22050, 159, true, true}, {32000, 320, true, false}, {32000, 321, false, false},
-        {11025, 320, true, false}, {11025, 159, true, true}, {8000, 320, false, true}};
+    const struct { const char* name; std::int32_t bitRate, sampleRate; } rows[] = {
+        {"limit_itself_refused", 160, 8000},
+        {"above_the_first_limit_allowed", 161, 32000},
+        {"highest_limit_refused", 320, 32000},
+        {"above_every_limit_allowed", 321, -1},
+    };
     // clang-format on
-    for (const auto& [rate, bits, checked, unchecked] : rows) {
-        EXPECT_EQ(_MP3Limit::IsValid(rate, bits, true), checked) << rate << " " << bits;
-        EXPECT_EQ(_MP3Limit::IsValid(rate, bits, false), unchecked) << rate << " " << bits;
+    for (const auto& row : rows)
+        EXPECT_EQ(_MP3Limit::GetMinSmaple(row.bitRate), row.sampleRate) << row.name << ' ' << row.bitRate;
+}
+
+TEST(Mp3Limit, ValidPairs) {
+    // clang-format off
+    const struct { const char* name; std::int32_t sampleRate, bitRate; bool checked, unchecked; } rows[] = {
+        {"high_sample_rate_limited", 32001, 9999, true, true},
+        {"limit_itself_refused_or_overlooked", 22050, 160, true, false},
+        {"above_the_limit_allowed", 22050, 161, false, false},
+        {"highest_limit_refused_or_overlooked", 32000, 320, true, false},
+        {"unlisted_sample_rate_limited_or_free", 11025, 320, true, false},
+        {"unlisted_sample_rate_refused", 11025, 159, true, true},
+        {"lowest_sample_rate_not_excepted", 8000, 320, false, true},
+    };
+    // clang-format on
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.name << " given " << row.sampleRate << " and " << row.bitRate);
+        EXPECT_EQ(_MP3Limit::IsValid(row.sampleRate, row.bitRate, true), row.checked);
+        EXPECT_EQ(_MP3Limit::IsValid(row.sampleRate, row.bitRate, false), row.unchecked);
     }
 }
