@@ -6,57 +6,70 @@ namespace {
 
 XMLNode Parse(const kmChar* text) { return XMLNode::ParseDocumentText(text, nullptr); }
 
-TEST(Tree, FindChildWalksFromThePosition) {
+TEST(XmlTree, ChildrenAreFoundByNameAndIndex) {
     const XMLNode root = Parse(KM_TEXT("<r><b n='0'/><a n='1'/><B n='2'/>text<b n='3'/></r>"));
+    const std::pair<const char*, int> steps[] = {{"b[n=0]", 1}, {"B[n=2]", 3}, {"b[n=3]", 4}, {"(empty)", 4}};
     int position = 0;
-    std::string walk;
-    for (int i = 0; i < 4; ++i) {
-        walk += Dump(root.FindChild(KM_TEXT("B"), &position));
-        walk += std::to_string(position) + " ";
+    for (const auto& [found, nextPosition] : steps) {
+        EXPECT_EQ(Dump(root.FindChild(KM_TEXT("B"), &position)), found);
+        EXPECT_EQ(position, nextPosition) << "after " << found;
     }
-    EXPECT_EQ(walk, "b[n=0]1 B[n=2]3 b[n=3]4 (empty)4 ");
-    EXPECT_EQ(Dump(root.FindChild(KM_TEXT("b"))) + Dump(root.FindChild(nullptr)), "b[n=0](empty)");
-    EXPECT_TRUE(root.CountChildren() == 4 && root.CountChildren(KM_TEXT("B")) == 3);
+    EXPECT_EQ(Dump(root.FindChild(KM_TEXT("b"))), "b[n=0]");
+    EXPECT_EQ(Dump(root.FindChild(nullptr)), "(empty)");
+    EXPECT_EQ(root.CountChildren(), 4);
+    EXPECT_EQ(root.CountChildren(KM_TEXT("B")), 3);
     // In every order, since the tree remembers where the last walk stood.
     for (const int index : {3, 0, 2, 1, 1, 3})
         EXPECT_EQ(Utf8(root.ChildAt(index).FindAttribute(KM_TEXT("n"))), std::to_string(index));
-    EXPECT_TRUE(root.ChildAt(4).IsEmpty() && root.ChildAt(-1).IsEmpty());
+    for (const int index : {4, -1}) EXPECT_EQ(Dump(root.ChildAt(index)), "(empty)") << index;
 }
 
-TEST(Tree, FindAttributeWalksFromThePosition) {
+TEST(XmlTree, FindAttributeWalksFromThePosition) {
     const XMLNode node = Parse(KM_TEXT("<r a='1' b A='2' a/>"));
     int position = 0;
     for (const char* value : {"1", "2", "(null)", "(null)"})
         EXPECT_EQ(Utf8(node.FindAttribute(KM_TEXT("a"), &position)), value);
     EXPECT_EQ(position, 4) << "an attribute without a value is found all the same";
-    EXPECT_TRUE(!node.FindAttribute(KM_TEXT("b")) && !node.FindAttribute(nullptr));
+    EXPECT_EQ(Utf8(node.FindAttribute(KM_TEXT("b"))), "(null)");
+    EXPECT_EQ(Utf8(node.FindAttribute(nullptr)), "(null)");
 }
 
-TEST(Tree, AttributesAreSetOrAdded) {
-    constexpr const kmChar *v = KM_TEXT("9"), *a = KM_TEXT("a"), *b = KM_TEXT("b"), *c = KM_TEXT("c"),
-                           *none = nullptr;
+TEST(XmlTree, AttributesAreSetOrAdded) {
+    constexpr int kByName = -1;
     // clang-format off
-    const struct { const kmChar *value, *newName, *oldName; int index; const char* expected; } rows[] = {
-        {v, none, KM_TEXT("A"), -1, "r[a=9 b a=2]"}, {v, c, b, -1, "r[a=1 c=9 a=2]"},
-        {v, none, c, -1, "r[a=1 b a=2 c=9]"}, {none, KM_TEXT("d"), c, -1, "r[a=1 b a=2 d]"},
-        {v, a, c, -1, "r[a=1 b a=2 a=9]"}, {none, none, a, -1, "r[a b a=2]"},
-        {v, none, none, 2, "r[a=1 b a=9]"}, {v, c, none, 3, "r[a=1 b a=2 c=9]"},
-        {v, none, none, 3, "r[a=1 b a=2]"}};
+    const struct { const char* name; const kmChar *value, *newName, *oldName; int index; const char* tree; } rows[] = {
+        {"compared_with_case", KM_TEXT("9"), nullptr, KM_TEXT("A"), kByName, "r[a=9 b a=2]"},
+        {"not_renamed", KM_TEXT("9"), KM_TEXT("c"), KM_TEXT("b"), kByName, "r[a=1 c=9 a=2]"},
+        {"not_added_by_the_old_name", KM_TEXT("9"), nullptr, KM_TEXT("c"), kByName, "r[a=1 b a=2 c=9]"},
+        {"not_added_by_the_new_name", nullptr, KM_TEXT("d"), KM_TEXT("c"), kByName, "r[a=1 b a=2 d]"},
+        {"new_name_looked_for", KM_TEXT("9"), KM_TEXT("a"), KM_TEXT("c"), kByName, "r[a=1 b a=2 a=9]"},
+        {"null_value_leaves_the_old_one", nullptr, nullptr, KM_TEXT("a"), kByName, "r[a b a=2]"},
+        {"another_than_the_index_set", KM_TEXT("9"), nullptr, nullptr, 2, "r[a=1 b a=9]"},
+        {"not_added_after_the_last_index", KM_TEXT("9"), KM_TEXT("c"), nullptr, 3, "r[a=1 b a=2 c=9]"},
+        {"added_without_a_name", KM_TEXT("9"), nullptr, nullptr, 3, "r[a=1 b a=2]"},
+    };
     // clang-format on
     for (const auto& row : rows) {
         XMLNode node = Parse(KM_TEXT("<r a='1' b a='2'/>"));
-        if (row.index < 0) node.SetAttribute(row.value, row.newName, row.oldName);
-        if (row.index >= 0) node.SetAttributeAt(row.value, row.newName, row.index);
-        EXPECT_EQ(Dump(node), row.expected);
+        if (row.index == kByName) {
+            node.SetAttribute(row.value, row.newName, row.oldName);
+        } else {
+            node.SetAttributeAt(row.value, row.newName, row.index);
+        }
+        EXPECT_EQ(Dump(node), row.tree) << row.name << " given " << Utf8(row.value) << ' '
+                                        << Utf8(row.newName) << ' ' << Utf8(row.oldName) << ' ' << row.index;
     }
+}
+
+TEST(XmlTree, AttributesAreSetFromTheNodesOwnTextsAndRemoved) {
     XMLNode node = Parse(KM_TEXT("<r a='1' b a='2'/>"));
     node.SetAttribute(node.FindAttribute(KM_TEXT("a")), node.GetName(), KM_TEXT("a"));
-    EXPECT_EQ(Dump(node), "r[r=1 b a=2]") << "the node's own texts were lost while set";
+    EXPECT_EQ(Dump(node), "r[r=1 b a=2]");
     for (const kmChar* name : {KM_TEXT("c"), KM_TEXT("R"), KM_TEXT("A")}) node.RemoveAttribute(name);
     EXPECT_EQ(Dump(node), "r[b]");
 }
 
-TEST(Tree, HandlesShareAndOutliveTheRoot) {
+TEST(XmlTree, HandlesShareAndOutliveTheRoot) {
     XMLNode root = Parse(KM_TEXT("<r><a>text<b c='1'/></a></r>"));
     XMLNode child = root.ChildAt(0);
     const XMLNode copy = root;

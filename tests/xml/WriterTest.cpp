@@ -3,39 +3,61 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TreeDump.h"
 
-TEST(Writer, WritesEveryKindOfNode) {
-    // clang-format off
-    const struct { const char *text, *formatted, *plain; } rows[] = {
-        {"<P><Main><Name l='X'/><S>MP4</S></Main><Q/></P>",
-         "<P>\n\t<Main>\n\t\t<Name l=\"X\"/>\n\t\t<S>\n\t\t\tMP4\n\t\t</S>\n\t</Main>\n\t<Q/>\n</P>\n",
-         "<P><Main><Name l=\"X\"/><S>MP4</S></Main><Q/></P>"},
-        {"<a b='&lt;&gt;&amp;&quot;&apos;\n'>&lt;&gt;&amp;&quot;&apos;\u00E9</a>",
-         "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">\n\t&lt;&gt;&amp;&quot;&apos;\u00E9\n</a>\n",
-         "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">&lt;&gt;&amp;&quot;&apos;\u00E9</a>"},
-        {"<a b c='' d='1'/>", "<a b c=\"\" d=\"1\"/>\n", "<a b c=\"\" d=\"1\"/>"},
-        {"<a>x<b/>y\n z<!-- & --></a>",
-         "<a>\n\tx\n\t<b/>\n\ty\n z\n\t<!-- & -->\n</a>\n", "<a>x<b/>y\n z<!-- & --></a>"},
-        {"<?xml v='1'?><a><b/></a>", "<?xml v=\"1\"?>\n<a>\n\t<b/>\n</a>\n", "<?xml v=\"1\"?><a><b/></a>"},
-        {"<a/><!--c--><b/>", "<a/>\n\t<!--c-->\n<b/>\n", "<a/><!--c--><b/>"}};
-    // clang-format on
+namespace {
+
+struct WritingCase {
+    const char *name, *text, *plain, *formatted;
+    const char* declaration = "<?xml version=\"1.0\" encoding=\"utf-16\"?>\n";
+};
+
+const WritingCase kCases[] = {
+    {"levels_confused", "<P><Main><Name l='X'/><S>MP4</S></Main><Q/></P>",
+     "<P><Main><Name l=\"X\"/><S>MP4</S></Main><Q/></P>",
+     "<P>\n\t<Main>\n\t\t<Name l=\"X\"/>\n\t\t<S>\n\t\t\tMP4\n\t\t</S>\n\t</Main>\n\t<Q/>\n</P>\n"},
+    {"character_not_escaped_or_too_many",
+     "<a b='&lt;&gt;&amp;&quot;&apos;\n'>&lt;&gt;&amp;&quot;&apos;\u00E9</a>",
+     "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">&lt;&gt;&amp;&quot;&apos;\u00E9</a>",
+     "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">\n\t&lt;&gt;&amp;&quot;&apos;\u00E9\n</a>\n"},
+    {"missing_and_empty_value_alike", "<a b c='' d='1'/>", "<a b c=\"\" d=\"1\"/>",
+     "<a b c=\"\" d=\"1\"/>\n"},
+    {"order_of_the_content_lost", "<a>x<b/>y\n z<!-- & --></a>", "<a>x<b/>y\n z<!-- & --></a>",
+     "<a>\n\tx\n\t<b/>\n\ty\n z\n\t<!-- & -->\n</a>\n"},
+    {"declaration_indents_or_comes_twice", "<?xml v='1'?><a><b/></a>", "<?xml v=\"1\"?><a><b/></a>",
+     "<?xml v=\"1\"?>\n<a>\n\t<b/>\n</a>\n", ""},
+    {"nameless_node_indents", "<a/><!--c--><b/>", "<a/><!--c--><b/>", "<a/>\n\t<!--c-->\n<b/>\n"},
+};
+
+TEST(XmlWriting, EveryKindOfNode) {
     const TemporaryFolder folder;
+    const kmString path = folder.Path(KM_TEXT("f"));
     folder.WriteBytes(KM_TEXT("f"), std::string(5000, '?'));  // longer than what replaces it
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
+    for (const WritingCase& row : kCases) {
+        SCOPED_TRACE(testing::Message() << row.name << " given " << row.text);
         const XMLNode node = XMLNode::ParseDocumentText(TextFromBytes(row.text).c_str(), nullptr);
         EXPECT_EQ(Utf8(node.ToText(true).get()), row.formatted);
         EXPECT_EQ(Utf8(node.ToText(false).get()), row.plain);
-        ASSERT_EQ(node.SaveToFile(folder.Path(KM_TEXT("f")).c_str(), KM_TEXT("utf-8"), true), 0);
-        const kmString line = KM_TEXT("<?xml version=\"1.0\" encoding=\"utf-16\"?>\n");
-        const kmString text = (node.IsDeclaration() ? kmString() : line) + TextFromBytes(row.formatted);
-        EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("f"))), "\xFF\xFE" + Utf16Bytes(text));
+        EXPECT_EQ(node.SaveToFile(path.c_str(), KM_TEXT("utf-8"), true), 0);
+        const kmString file = TextFromBytes(row.declaration) + TextFromBytes(row.formatted);
+        EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("f"))), "\xFF\xFE" + Utf16Bytes(file));
     }
+}
+
+TEST(XmlWriting, EmptyTextsAndNamelessAttributesWriteNothing) {
     XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
     node.SetText(KM_TEXT(""), 0);
     node.AppendAttribute(KM_TEXT(""), KM_TEXT("nameless"));
-    EXPECT_EQ(Utf8(node.ToText(true).get()) + Utf8(node.ToText(false).get()), "<a>\n</a>\n<a></a>");
+    EXPECT_EQ(Utf8(node.ToText(true).get()), "<a>\n</a>\n");
+    EXPECT_EQ(Utf8(node.ToText(false).get()), "<a></a>");
     EXPECT_EQ(XMLNode().ToText(true), nullptr);
-    EXPECT_EQ(XMLNode().SaveToFile(folder.Path(KM_TEXT("none\\f")).c_str(), nullptr, true), 0);
-    EXPECT_EQ(node.SaveToFile(folder.Path(KM_TEXT("none\\f")).c_str(), nullptr, true), 14);
-    EXPECT_EQ(node.SaveToFile(folder.Path().c_str(), nullptr, true), 14) << "a folder in the way";
 }
+
+TEST(XmlWriting, FilesThatCannotBeOpened) {
+    const TemporaryFolder folder;
+    const XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
+    const kmString missingFolder = folder.Path(KM_TEXT("none\\f"));
+    EXPECT_EQ(node.SaveToFile(missingFolder.c_str(), nullptr, true), 14);
+    EXPECT_EQ(node.SaveToFile(folder.Path().c_str(), nullptr, true), 14) << "a folder in the way";
+    EXPECT_EQ(XMLNode().SaveToFile(missingFolder.c_str(), nullptr, true), 0) << "nothing is to be written";
+}
+
+}  // namespace
