@@ -86,6 +86,10 @@ Handle CreateNew(const Path& path, const Path& old, bool& exists);
 // Whether the user may write the file and put another into its place.
 bool MayReplace(const Path& path);
 
+// Gives a file a second name in its folder, until one of them is removed or replaced. False where that cannot
+// be.
+bool AddName(const Path& file, const Path& name);
+
 // Gives a file another name in the same folder; a file that has that name is replaced in one step.
 [[nodiscard]] bool MoveOver(const Path& from, const Path& to);
 

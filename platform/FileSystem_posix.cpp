@@ -349,6 +349,8 @@ bool CloseWritten(Handle file) { return close(ToFile(file)) == 0; }
 
 bool MayReplace(const Path& path) { return OpenedFile(open(path.c_str(), O_WRONLY | kSafeFlags)).IsOpen(); }
 
+bool AddName(const Path& file, const Path& name) { return link(file.c_str(), name.c_str()) == 0; }
+
 bool MoveOver(const Path& from, const Path& to) { return rename(from.c_str(), to.c_str()) == 0; }
 
 MoveResult MoveToNew(const Path& from, const Path& to) {

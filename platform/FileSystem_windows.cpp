@@ -297,6 +297,9 @@ bool MayReplace(const Path& path) {
     return OpenedFile(path, GENERIC_WRITE | DELETE, kShareAll).IsOpen();
 }
 
+// Not needed: what a replacement does is lasting when it returns, see FlushFolderOf.
+bool AddName(const Path& /*file*/, const Path& /*name*/) { return false; }
+
 // One step; a call that swaps two files and merges what they have can stop between its steps.
 bool MoveOver(const Path& from, const Path& to) {
     return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;

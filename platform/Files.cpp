@@ -87,6 +87,14 @@ public:
         return false;
     }
 
+    // Instead of a new file, a second name of `file`, under which it is still there when it is replaced.
+    bool Keep(const Path& file) {
+        Path path = machine::Beside(file, RandomName());
+        if (!machine::AddName(file, path)) return false;
+        m_path.swap(path);
+        return true;
+    }
+
     // Everything, onto the disk.
     bool Fill(const void* bytes, std::size_t count) {
         const auto* at = static_cast<const char*>(bytes);
@@ -116,8 +124,6 @@ private:
     Handle m_handle = kNoHandle;
 };
 
-StoreResult ResultOf(bool isDone) { return isDone ? StoreResult::Done : StoreResult::CannotWrite; }
-
 // Whether a file may be stored at `place`; `old` receives the file that is replaced.
 bool MayStore(const Path& place, Path& old) {
     if (place.empty()) return false;
@@ -141,6 +147,18 @@ StoreResult FinishNew(TemporaryFile& file, const Path& place) {
     }
     if (machine::FlushFolderOf(place)) return StoreResult::Done;
     static_cast<void>(machine::Remove(place));
+    return StoreResult::CannotWrite;
+}
+
+// In the place of the file `old`, unless that is empty. When it would not last, the old file gets its place
+// back.
+StoreResult FinishReplacing(TemporaryFile& file, const Path& place, const Path& old) {
+    TemporaryFile kept;
+    const bool isKept = !old.empty() && kept.Keep(old);
+    if (!file.MoveOver(place)) return StoreResult::CannotWrite;
+    if (machine::FlushFolderOf(place)) return StoreResult::Done;
+    if (isKept) static_cast<void>(kept.MoveOver(old));
+    if (old.empty()) static_cast<void>(machine::Remove(place));
     return StoreResult::CannotWrite;
 }
 
@@ -171,9 +189,9 @@ StoreResult StoreThroughRenamedLink(TemporaryFile& file, const Path& link, const
     const MoveResult moved = machine::MoveToNew(link, to);
     if (moved != MoveResult::Done)
         return moved == MoveResult::Exists ? StoreResult::Exists : StoreResult::CannotWrite;
-    if (file.MoveOver(place)) return ResultOf(machine::FlushFolderOf(to));
-    static_cast<void>(machine::MoveToNew(to, link));
-    return StoreResult::CannotWrite;
+    const StoreResult stored = FinishReplacing(file, place, place);
+    if (stored != StoreResult::Done) static_cast<void>(machine::MoveToNew(to, link));
+    return stored;
 }
 
 // The new name first: for a moment both exist, and never none.
@@ -270,10 +288,10 @@ StoreResult StoreFile(const kmChar* path, const void* bytes, std::size_t count, 
         Path entry;
         if (machine::FindEntry(path, entry) && entry == place && !given.empty()) place = given;
     }
-    if (!file.MoveOver(place)) return StoreResult::CannotWrite;
-    const bool isLasting = machine::FlushFolderOf(place);
-    if (storing == Storing::Respell && !machine::kNamesIgnoreCase) Respell(path);
-    return ResultOf(isLasting);
+    const StoreResult stored = FinishReplacing(file, place, old);
+    if (stored == StoreResult::Done && storing == Storing::Respell && !machine::kNamesIgnoreCase)
+        Respell(path);
+    return stored;
 }
 
 StoreResult StoreRenamed(const kmChar* from, const kmChar* to, const void* bytes, std::size_t count) {
@@ -286,10 +304,9 @@ StoreResult StoreRenamed(const kmChar* from, const kmChar* to, const void* bytes
     TemporaryFile file;
     if (!file.Create(place, old)) return StoreResult::CannotOpen;
     if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
-    if (renaming.from == renaming.to) return ResultOf(file.MoveOver(place) && machine::FlushFolderOf(place));
+    if (renaming.from == renaming.to) return FinishReplacing(file, place, old);
     if (place != renaming.from) return StoreThroughRenamedLink(file, renaming.from, renaming.to, place);
-    if (renaming.isSameEntry && machine::kNamesIgnoreCase)
-        return ResultOf(file.MoveOver(renaming.to) && machine::FlushFolderOf(place));
+    if (renaming.isSameEntry && machine::kNamesIgnoreCase) return FinishReplacing(file, renaming.to, old);
     return StoreAndRemove(file, renaming.from, renaming.to);
 }
 

@@ -96,7 +96,7 @@ Nodes::iterator Find(const Path& wanted) {
 // What the next operation has to do: Work, fail, or move one byte.
 enum class Order { Work, Fail, Short };
 
-Order Next(const char* name) {
+Order Next(const char* name, bool mayThrow = true) {
     Disk& disk = TheDisk();
     if (disk.isStopped) return Order::Fail;
     if (++disk.operations != disk.planned) return Order::Work;
@@ -104,7 +104,8 @@ Order Next(const char* name) {
     if (disk.fault == memory::Fault::Short) return Order::Short;
     if (disk.fault == memory::Fault::Fail) return Order::Fail;
     disk.isStopped = true;
-    throw memory::ProcessStopped();
+    if (mayThrow) throw memory::ProcessStopped();
+    return Order::Fail;
 }
 
 bool Works(const char* name) { return Next(name) == Order::Work; }
@@ -159,6 +160,8 @@ void Plan(std::size_t operation, Fault fault) {
 std::size_t OperationCount() { return TheDisk().operations; }
 
 std::string HitOperation() { return TheDisk().hit; }
+
+bool IsStopped() { return TheDisk().isStopped; }
 
 void Restart() {
     Disk& disk = TheDisk();
@@ -300,12 +303,19 @@ bool Flush(Handle file) {
 }
 
 bool CloseWritten(Handle file) {
-    const bool works = Works("CloseWritten");
+    const bool works = Next("CloseWritten", /*mayThrow=*/false) == Order::Work;
     TheDisk().open.erase(file);
     return works;
 }
 
 bool MayReplace(const Path& path) { return Works("MayReplace") && KindOf(path) == Kind::File; }
+
+bool AddName(const Path& file, const Path& name) {
+    const AllocationsAllowed allowed;
+    const auto found = Find(file);
+    if (!Works("AddName") || found == TheDisk().nodes.end()) return false;
+    return TheDisk().nodes.emplace(name, found->second).second;
+}
 
 bool MoveOver(const Path& from, const Path& to) {
     const AllocationsAllowed allowed;
@@ -334,7 +344,7 @@ MoveResult MoveToNew(const Path& from, const Path& to) {
 
 bool Remove(const Path& path) {
     const AllocationsAllowed allowed;
-    return Works("Remove") && TheDisk().nodes.erase(path) == 1;
+    return Next("Remove", /*mayThrow=*/false) == Order::Work && TheDisk().nodes.erase(path) == 1;
 }
 
 bool MayRemove(const Path& /*path*/) { return Works("MayRemove"); }

@@ -14,7 +14,8 @@ namespace memory {
 enum class Fault {
     Fail,   // the operation answers that it failed, and has done nothing
     Short,  // a read or a write moves one byte; other operations fail
-    Stop,   // the process ends there: ProcessStopped is thrown, and nothing changes the disk until Restart
+    Stop,   // the process ends there: nothing changes the disk until Restart, and ProcessStopped is thrown,
+            // but by what destructors call
 };
 
 struct ProcessStopped {};
@@ -35,6 +36,8 @@ std::size_t OperationCount();
 
 // The name of the operation that was hit; empty before.
 std::string HitOperation();
+
+bool IsStopped();
 
 // After a stop: what had not been flushed is torn, files that were open are closed, operations work again.
 void Restart();
