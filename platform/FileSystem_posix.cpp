@@ -154,19 +154,15 @@ Kind KindOfMode(mode_t mode) {
     return S_ISREG(mode) ? Kind::File : S_ISDIR(mode) ? Kind::Folder : Kind::Other;
 }
 
-// `file` belongs to the result from now on, or is closed.
-Handle AdoptFile(int file, std::uint64_t& size) {
+// A look, and then the opening: opening alone wakes whoever waits at the other end of a pipe. Should
+// something else have taken the name in between, no more than `size` bytes of it are read, without waiting
+// for them.
+Handle OpenRegular(const std::string& path, Kind& kind, std::uint64_t& size) {
     struct stat info {};
-    if (file >= 0 && fstat(file, &info) == 0 && S_ISREG(info.st_mode)) {
-        size = static_cast<std::uint64_t>(info.st_size);
-        return file;
-    }
-    if (file >= 0) close(file);
-    return kNoHandle;
-}
-
-Handle OpenRegular(const std::string& path, std::uint64_t& size) {
-    return AdoptFile(open(path.c_str(), O_RDONLY | kSafeFlags), size);
+    kind = stat(path.c_str(), &info) == 0 ? KindOfMode(info.st_mode) : Kind::Nothing;
+    if (kind != Kind::File) return kNoHandle;
+    size = static_cast<std::uint64_t>(info.st_size);
+    return open(path.c_str(), O_RDONLY | kSafeFlags);
 }
 
 std::string ReadAttribute(const Path& path, const char* name) {
@@ -265,12 +261,11 @@ Kind KindOf(const Path& path) {
 
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
     const std::string wanted = ToSystemPath(path);
-    // A look first: opening alone wakes whoever waits at the other end of a pipe.
-    const Kind kind = KindOf(wanted);
-    if (kind == Kind::File) return OpenRegular(wanted, size);
+    Kind kind = Kind::Nothing;
+    const Handle file = OpenRegular(wanted, kind, size);
+    if (kind != Kind::Nothing) return file;
     std::string resolved;
-    if (kind != Kind::Nothing || ResolveCase(wanted, resolved) != Answer::Yes) return kNoHandle;
-    return KindOf(resolved) == Kind::File ? OpenRegular(resolved, size) : kNoHandle;
+    return ResolveCase(wanted, resolved) == Answer::Yes ? OpenRegular(resolved, kind, size) : kNoHandle;
 }
 
 bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {
@@ -290,8 +285,15 @@ Handle OpenFolder(const kmString& path) {
 }
 
 Handle OpenFileIn(Handle folder, const kmString& /*path*/, const kmString& name, std::uint64_t& size) {
-    // What a listing called a file is opened without a second look; it is judged again once it is open.
-    return AdoptFile(openat(ToFile(folder), BytesFromText(name).c_str(), O_RDONLY | kSafeFlags), size);
+    // What a listing called a file is opened without another look; it is judged when it is open.
+    const int file = openat(ToFile(folder), BytesFromText(name).c_str(), O_RDONLY | kSafeFlags);
+    struct stat info {};
+    if (file >= 0 && fstat(file, &info) == 0 && S_ISREG(info.st_mode)) {
+        size = static_cast<std::uint64_t>(info.st_size);
+        return file;
+    }
+    if (file >= 0) close(file);
+    return kNoHandle;
 }
 
 void CloseFolder(Handle folder) { close(ToFile(folder)); }
