@@ -1,11 +1,12 @@
 // The README's table of the rooms, lowest first, is the order that the sources have to keep.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -13,19 +14,31 @@ const std::filesystem::path kSource = KM_SOURCE_DIR;
 
 using Ranks = std::map<std::string, int>;  // of the rooms ("xml") and of the public headers ("kmTypes.h")
 
+// The texts between the backquotes of a cell.
+std::vector<std::string> QuotedIn(const std::string& cell) {
+    std::vector<std::string> texts;
+    for (std::size_t start = cell.find('`'); start != std::string::npos; start = cell.find('`', start + 1)) {
+        const std::size_t end = std::min(cell.find('`', start + 1), cell.size());
+        texts.push_back(cell.substr(start + 1, end - start - 1));
+        start = end;
+    }
+    return texts;
+}
+
 // A row of the table: | `room/` | `header`, `header` | what it holds |
 Ranks ReadTable() {
-    const std::regex row(R"(\| `([a-z]+)/` \|([^|]*)\|.*)"), header("`(km[A-Za-z0-9]+[.]h)`");
     Ranks ranks;
     int rank = 0;
     std::ifstream readme(kSource / "README.md");
     for (std::string line; std::getline(readme, line);) {
-        std::smatch cells;
-        if (!std::regex_match(line, cells, row)) continue;
-        ranks[cells[1]] = ++rank;
-        const std::string headers = cells[2];
-        for (std::sregex_iterator at(headers.begin(), headers.end(), header), end; at != end; ++at)
-            ranks[(*at)[1]] = rank;
+        const std::size_t secondCell = line.find(" |", 3);
+        if (!line.starts_with("| `") || secondCell == std::string::npos) continue;
+        const std::size_t thirdCell = std::min(line.find(" |", secondCell + 2), line.size());
+        const std::vector<std::string> room = QuotedIn(line.substr(0, secondCell));
+        if (room.size() != 1 || !room[0].ends_with('/')) continue;
+        ranks[room[0].substr(0, room[0].size() - 1)] = ++rank;
+        for (const std::string& header : QuotedIn(line.substr(secondCell, thirdCell - secondCell)))
+            ranks[header] = rank;
     }
     return ranks;
 }
