@@ -23,7 +23,8 @@ list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/mingw-w64)
 
 # Programs of the build run in a Windows environment of their own, inside the build folder.
 find_program(KM_WINE NAMES wine64 wine PATHS /usr/lib/wine)
-if(KM_WINE)
+find_program(KM_WINESERVER NAMES wineserver PATHS /usr/lib/wine)
+if(KM_WINE AND KM_WINESERVER)
     set(CMAKE_CROSSCOMPILING_EMULATOR
-        env WINEPREFIX=${CMAKE_BINARY_DIR}/wine WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= ${KM_WINE})
+        ${CMAKE_CURRENT_LIST_DIR}/mingw-w64/wine ${CMAKE_BINARY_DIR}/wine ${KM_WINE} ${KM_WINESERVER})
 endif()
