@@ -1,44 +1,26 @@
-// Our readers and writers of numbers against the system's two runtimes, which are asked directly: the
-// compiler would put functions of its own in their place.
+// How we read, write and compare, against the system's runtimes.
 #include <gtest/gtest.h>
-#include <windows.h>
 
+#include <algorithm>
 #include <functional>
+#include <iomanip>
+#include <limits>
 #include <random>
 #include <regex>
 #include <set>
 
-#include "tests/support/Text.h"
+#include "document/ProfileID.h"
+#include "kmManager.h"
+#include "platform/Files.h"
+#include "tests/support/Messages.h"
+#include "tests/support/TemporaryFolder.h"
+#include "tests/windows/Runtimes.h"
+#include "text/Folders.h"
 #include "text/Numbers.h"
 
 namespace {
 
-constexpr int kTexts = 200000;
-
-struct Runtime {
-    const char* name;
-    long (*toLong)(const wchar_t*, wchar_t**, int) = nullptr;
-    double (*toDouble)(const wchar_t*, wchar_t**) = nullptr;
-    int (*compareNoCase)(const wchar_t*, const wchar_t*) = nullptr;
-
-    explicit Runtime(const char* library) : name(library) {
-        const HMODULE module = LoadLibraryA(library);
-        const auto find = [module](auto& function, const char* entry) {
-            const auto address = reinterpret_cast<void*>(GetProcAddress(module, entry));
-            function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(address);
-        };
-        find(toLong, "wcstol");
-        find(toDouble, "wcstod");
-        find(compareNoCase, "_wcsicmp");
-    }
-};
-
-const Runtime& RuntimeAt(int index) {
-    static const Runtime runtimes[] = {Runtime("msvcrt.dll"), Runtime("ucrtbase.dll")};
-    return runtimes[index];
-}
-
-enum Function { Integer0 = 1, Integer10 = 2, Decimal = 4 };
+enum Function { Integer0 = 1, Integer10 = 2, Decimal = 4, Digit = 8 };
 
 struct Difference {
     const char* name;
@@ -46,8 +28,8 @@ struct Difference {
     bool olderRuntimeToo;
     std::wregex beginning;
 
-    bool Concerns(Function function, int runtime) const {
-        return (functions & function) != 0 && (olderRuntimeToo || runtime == 1);
+    bool Concerns(Function function, const Runtime& runtime) const {
+        return (functions & function) != 0 && (olderRuntimeToo || runtime.IsNewer());
     }
     bool Begins(const std::wstring& text) const {
         return std::regex_search(text, beginning, std::regex_constants::match_continuous);
@@ -65,91 +47,170 @@ const std::wstring kForeignDigit =
 // by the newer runtime alone.
 // clang-format off
 const Difference kDifferences[] = {
-    {"white_space", Integer0 | Integer10 | Decimal, true, std::wregex(kSpace + kForeignSpace)},
-    {"digits", Integer0 | Integer10, true, std::wregex(kSign + L"[0-9a-fA-FxX]*" + kForeignDigit)},
-    {"prefix_alone", Integer0, true, std::wregex(kSign + L"0[xX](?![0-9a-fA-F])")},
-    {"d_as_exponent", Decimal, true, std::wregex(kSign + L"[0-9.]+[dD]")},
-    {"hexadecimal", Decimal, false, std::wregex(kSign + L"0[xX]")},
-    {"infinity_and_nan", Decimal, false, std::wregex(kSign + L"[iInN]")}};
+    {"digit_beyond_ascii", Digit, true, std::wregex(L"[\x0080-\xFFFF]")},
+    {"white_space_beyond_ascii_skipped", Integer0 | Integer10 | Decimal, true, std::wregex(kSpace + kForeignSpace)},
+    {"digit_beyond_ascii_read", Integer0 | Integer10, true, std::wregex(kSign + L"[0-9a-fA-FxX]*" + kForeignDigit)},
+    {"prefix_alone_is_no_number", Integer0, true, std::wregex(kSign + L"0[xX](?![0-9a-fA-F])")},
+    {"d_read_as_exponent", Decimal, true, std::wregex(kSign + L"[0-9.]+[dD]")},
+    {"hexadecimal_read_as_decimal", Decimal, false, std::wregex(kSign + L"0[xX]")},
+    {"infinity_and_nan_read", Decimal, false, std::wregex(kSign + L"[iInN]")},
+};
 // clang-format on
 
-class TextSource {
-public:
-    std::wstring Next() {
-        static constexpr std::wstring_view kUsual = L"0123456789012345678900..--++eE xX";
-        static constexpr std::wstring_view kRare =
-            L"abcdfABDFghinINpty,;:_\t\n\v\f\r\x0085\x00A0\x00B2\x00E9\x00C9\x0130\x0131\x0660\x0663\x0966"
-            L"\x0BE6\x1946\x2003\x2028\x3000\xFF10\xFF13\xFF21\x212A\x017F\xD83D\xFEFF";
-        static constexpr std::wstring_view kStarts[] = {L"0x",  L"-0X", L"2147483", L"-21474836", L"inf",
-                                                        L"nan", L"1e",  L"1d",      L"9999999",   L"\x3000"};
-        std::wstring text;
-        if (m_random() % 4 == 0) text = kStarts[m_random() % std::size(kStarts)];
-        for (std::size_t i = m_random() % 14; i > 0; --i) {
-            const std::wstring_view units = m_random() % 5 == 0 ? kRare : kUsual;
-            text += units[m_random() % units.size()];
-        }
-        return text;
-    }
-
-private:
-    std::mt19937 m_random{20240229};
+// A number, and how many units of the text it took, if that is of interest.
+struct Answer {
+    double value;
+    std::ptrdiff_t length = -1;
+    bool operator==(const Answer&) const = default;
+};
+void PrintTo(const Answer& answer, std::ostream* out) {
+    *out << std::setprecision(17) << answer.value;
+    if (answer.length >= 0) *out << " from " << answer.length << " units";
+}
+struct Answers {
+    Answer ours, theirs;
 };
 
-// `same` tells whether a runtime and we agree on a text. What differs must be in the table, and each row must
-// be needed.
-void Compare(Function function, const std::function<bool(const Runtime&, const std::wstring&)>& same) {
-    for (int runtime : {0, 1}) {
+// Texts that look like numbers, more or less; always the same ones.
+std::vector<std::wstring> NumberTexts() {
+    static constexpr std::wstring_view kUsual = L"0123456789012345678900..--++eE xX";
+    static constexpr std::wstring_view kRare =
+        L"abcdfABDFghinINpty,;:_\t\n\v\f\r\x0085\x00A0\x00B2\x00E9\x00C9\x0130\x0131\x0660\x0663\x0966"
+        L"\x0BE6\x1946\x2003\x2028\x3000\xFF10\xFF13\xFF21\x212A\x017F\xD83D\xFEFF";
+    static constexpr std::wstring_view kStarts[] = {L"0x",  L"-0X", L"2147483", L"-21474836", L"inf",
+                                                    L"nan", L"1e",  L"1d",      L"9999999",   L"\x3000"};
+    std::mt19937 random(20240229);
+    std::vector<std::wstring> texts(200000);
+    for (std::wstring& text : texts) {
+        if (random() % 4 == 0) text = kStarts[random() % std::size(kStarts)];
+        for (std::size_t i = random() % 14; i > 0; --i) {
+            const std::wstring_view units = random() % 5 == 0 ? kRare : kUsual;
+            text += units[random() % units.size()];
+        }
+    }
+    return texts;
+}
+
+std::vector<std::wstring> SingleUnits() {
+    std::vector<std::wstring> texts;
+    for (wchar_t unit = 1; unit != 0; ++unit) texts.emplace_back(1, unit);
+    return texts;
+}
+
+// What differs must be in the table, and each of its rows must be needed.
+void Compare(Function function, const std::vector<std::wstring>& texts,
+             const std::function<Answers(const Runtime&, const wchar_t*)>& ask) {
+    for (const Runtime& runtime : kRuntimes) {
         std::set<std::string> seen, expected;
         for (const Difference& row : kDifferences)
             if (row.Concerns(function, runtime)) expected.insert(row.name);
-        TextSource source;
         int unknown = 0;
-        for (int i = 0; i < kTexts && unknown < 10; ++i) {
-            const std::wstring text = source.Next();
-            if (same(RuntimeAt(runtime), text)) continue;
-            std::size_t row = 0;
-            while (row < std::size(kDifferences) &&
-                   !(kDifferences[row].Concerns(function, runtime) && kDifferences[row].Begins(text)))
-                ++row;
-            if (row < std::size(kDifferences)) seen.insert(kDifferences[row].name);
-            unknown += row < std::size(kDifferences) ? 0 : 1;
-            EXPECT_LT(row, std::size(kDifferences))
-                << RuntimeAt(runtime).name << " reads otherwise: " << Utf8(text);
+        for (const std::wstring& text : texts) {
+            const Answers answers = ask(runtime, text.c_str());
+            if (answers.ours == answers.theirs) continue;
+            const auto known = std::find_if(
+                std::begin(kDifferences), std::end(kDifferences),
+                [&](const Difference& row) { return row.Concerns(function, runtime) && row.Begins(text); });
+            if (known != std::end(kDifferences)) {
+                seen.insert(known->name);
+                continue;
+            }
+            EXPECT_EQ(answers.ours, answers.theirs) << runtime.name << " of \"" << Utf8(text) << '"';
+            if (++unknown == 10) return;
         }
-        EXPECT_EQ(seen, expected);
+        EXPECT_EQ(seen, expected) << runtime.name;
     }
 }
 
-TEST(Runtime, IntegersRead) {
+TEST(WindowsRuntime, IntegersRead) {
     for (const auto& [function, base] : {std::pair(Integer0, 0), std::pair(Integer10, 10)}) {
-        Compare(function, [base = base](const Runtime& runtime, const std::wstring& text) {
+        SCOPED_TRACE(base);
+        Compare(function, NumberTexts(), [base = base](const Runtime& runtime, const wchar_t* text) {
             wchar_t* theirEnd = nullptr;
             const wchar_t* ourEnd = nullptr;
-            const long theirs = runtime.toLong(text.c_str(), &theirEnd, base);
-            return theirs == ReadInteger(text.c_str(), base, &ourEnd) && theirEnd == ourEnd;
+            const double theirs = runtime.toLong(text, &theirEnd, base);
+            const double ours = ReadInteger(text, base, &ourEnd);
+            return Answers{{ours, ourEnd - text}, {theirs, theirEnd - text}};
         });
     }
 }
 
-TEST(Runtime, DecimalsRead) {
-    Compare(Decimal, [](const Runtime& runtime, const std::wstring& text) {
-        return runtime.toDouble(text.c_str(), nullptr) == ReadDecimal(text.c_str());
+TEST(WindowsRuntime, DecimalsRead) {
+    Compare(Decimal, NumberTexts(), [](const Runtime& runtime, const wchar_t* text) {
+        return Answers{{ReadDecimal(text)}, {runtime.toDouble(text, nullptr)}};
     });
 }
 
-TEST(Runtime, TextsComparedWithoutCase) {
-    for (int runtime : {0, 1}) {
-        TextSource source;
-        int equal = 0;
-        for (int i = 0; i < kTexts; ++i) {
-            const std::wstring text = source.Next();
-            std::wstring other = i % 2 == 0 ? text : source.Next().substr(0, 2);
-            for (wchar_t& c : other) c = static_cast<wchar_t>(c < 0x80 || i % 3 == 0 ? towupper(c) : c);
-            const bool theirs = RuntimeAt(runtime).compareNoCase(text.c_str(), other.c_str()) == 0;
-            equal += theirs ? 1 : 0;
-            ASSERT_EQ(EqualNoCase(text, other), theirs) << Utf8(text) << " and " << Utf8(other);
+TEST(WindowsRuntime, DigitsRecognised) {
+    Compare(Digit, SingleUnits(), [](const Runtime& runtime, const wchar_t* text) {
+        return Answers{{IsDigit(*text) ? 1.0 : 0.0}, {runtime.isDigit(*text) != 0 ? 1.0 : 0.0}};
+    });
+}
+
+TEST(WindowsRuntime, IntegersWritten) {
+    using Limits = std::numeric_limits<std::int32_t>;
+    std::vector<std::int32_t> values = {Limits::min(), Limits::min() + 1, -10, -1, 0, 9, 10, Limits::max()};
+    std::mt19937 random(20240229);
+    for (int i = 0; i < 1000; ++i) values.push_back(static_cast<std::int32_t>(random()) >> random() % 31);
+    for (const Runtime& runtime : kRuntimes) {
+        for (const std::int32_t value : values) {
+            wchar_t theirs[16] = {};
+            runtime.Print(theirs, std::size(theirs), L"%d", value);
+            ASSERT_EQ(IntegerText(value), theirs) << runtime.name;
         }
-        EXPECT_TRUE(equal > kTexts / 10 && equal < kTexts) << equal;
+    }
+}
+
+TEST(WindowsRuntime, TextsComparedWithoutCase) {
+    const std::vector<std::wstring> texts = NumberTexts();
+    for (const Runtime& runtime : kRuntimes) {
+        std::size_t equal = 0;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            std::wstring other = i % 2 == 0 ? texts[i] : texts[i - 1].substr(0, 2);
+            for (wchar_t& c : other) c = static_cast<wchar_t>(c < 0x80 || i % 3 == 0 ? towupper(c) : c);
+            const bool theirs = runtime.compareNoCase(texts[i].c_str(), other.c_str()) == 0;
+            equal += theirs ? 1 : 0;
+            ASSERT_EQ(EqualNoCase(texts[i], other), theirs)
+                << runtime.name << " of \"" << Utf8(texts[i]) << "\" and \"" << Utf8(other) << '"';
+        }
+        EXPECT_GT(equal, texts.size() / 10) << "too few pairs are equal to show anything";
+        EXPECT_LT(equal, texts.size()) << "no pair differs";
+    }
+}
+
+struct TestManager : kmManager {};
+
+// A buffer of 260 units holds a path of 259; what it leaves of a longer one names another file, or none. Ours
+// is always whole.
+TEST(WindowsRuntime, PathOfADeletedProfile) {
+    const struct {
+        const char* fault;
+        std::size_t length;
+        bool isWholeThere;
+    } rows[] = {{"path_put_together_otherwise", 259, true},
+                {"room_for_the_terminator_missing", 260, false},
+                {"long_path_cut", 261, false}};
+    const CapturedMessages messages;
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.fault);
+        const TemporaryFolder folder;
+        folder.MakeFolder(L"user");
+        const kmString user = GetUserFolder(folder.Path().c_str());
+        const kmString id(row.length - ProfilePath(user, {}).size(), L'i');
+        const kmString path = ProfilePath(user, id);
+        for (const Runtime& runtime : kRuntimes) {
+            wchar_t buffer[260];
+            runtime.Print(buffer, std::size(buffer), L"%s%s%s", user.c_str(), id.c_str(), L".pf");
+            const kmString theirs(buffer, wcsnlen(buffer, std::size(buffer)));
+            EXPECT_EQ(theirs.size() < std::size(buffer), row.isWholeThere) << runtime.name;
+            EXPECT_EQ(theirs, path.substr(0, theirs.size())) << runtime.name;
+        }
+        constexpr std::string_view kProfile = "<Profiles><Main/></Profiles>";
+        ASSERT_TRUE(StoreFile(path.c_str(), kProfile.data(), kProfile.size()) == StoreResult::Done);
+        TestManager manager;
+        manager.Load(folder.Path());
+        EXPECT_TRUE(manager.DeleteProfile(id));
+        EXPECT_FALSE(EntryExists(path.c_str()));
     }
 }
 
