@@ -25,8 +25,7 @@ struct kmIconParser::IconFile {
     }
 
     bool Store() const {
-        return root.ReadsBackTheSame() &&
-               root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true) == XML_ERROR_NONE;
+        return root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true) == XML_ERROR_NONE;
     }
 };
 

@@ -46,6 +46,9 @@ Path Beside(const Path& file, std::string_view name);
 
 Kind KindOf(const Path& path);
 
+// Whether the entry itself is a symbolic link.
+bool IsLink(const Path& entry);
+
 // Opens a regular file for reading; kNoHandle for everything else, which is not even touched.
 Handle OpenFile(const kmChar* path, std::uint64_t& size);
 

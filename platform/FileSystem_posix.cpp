@@ -154,15 +154,22 @@ Kind KindOfMode(mode_t mode) {
     return S_ISREG(mode) ? Kind::File : S_ISDIR(mode) ? Kind::Folder : Kind::Other;
 }
 
-// A look, and then the opening: opening alone wakes whoever waits at the other end of a pipe. Should
-// something else have taken the name in between, no more than `size` bytes of it are read, without waiting
-// for them.
-Handle OpenRegular(const std::string& path, Kind& kind, std::uint64_t& size) {
+// `file` belongs to the result from now on, or is closed. What was opened is judged, not what had the name
+// before: another process may replace a file at any time.
+Handle AdoptFile(int file, std::uint64_t& size) {
     struct stat info {};
-    kind = stat(path.c_str(), &info) == 0 ? KindOfMode(info.st_mode) : Kind::Nothing;
-    if (kind != Kind::File) return kNoHandle;
-    size = static_cast<std::uint64_t>(info.st_size);
-    return open(path.c_str(), O_RDONLY | kSafeFlags);
+    if (file >= 0 && fstat(file, &info) == 0 && S_ISREG(info.st_mode)) {
+        size = static_cast<std::uint64_t>(info.st_size);
+        return file;
+    }
+    if (file >= 0) close(file);
+    return kNoHandle;
+}
+
+// A look first: opening alone wakes whoever waits at the other end of a pipe.
+Handle OpenRegular(const std::string& path, Kind& kind, std::uint64_t& size) {
+    kind = KindOf(path);
+    return kind == Kind::File ? AdoptFile(open(path.c_str(), O_RDONLY | kSafeFlags), size) : kNoHandle;
 }
 
 std::string ReadAttribute(const Path& path, const char* name) {
@@ -259,6 +266,11 @@ Kind KindOf(const Path& path) {
     return stat(path.c_str(), &info) == 0 ? KindOfMode(info.st_mode) : Kind::Nothing;
 }
 
+bool IsLink(const Path& entry) {
+    struct stat info {};
+    return lstat(entry.c_str(), &info) == 0 && S_ISLNK(info.st_mode);
+}
+
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
     const std::string wanted = ToSystemPath(path);
     Kind kind = Kind::Nothing;
@@ -285,15 +297,8 @@ Handle OpenFolder(const kmString& path) {
 }
 
 Handle OpenFileIn(Handle folder, const kmString& /*path*/, const kmString& name, std::uint64_t& size) {
-    // What a listing called a file is opened without another look; it is judged when it is open.
-    const int file = openat(ToFile(folder), BytesFromText(name).c_str(), O_RDONLY | kSafeFlags);
-    struct stat info {};
-    if (file >= 0 && fstat(file, &info) == 0 && S_ISREG(info.st_mode)) {
-        size = static_cast<std::uint64_t>(info.st_size);
-        return file;
-    }
-    if (file >= 0) close(file);
-    return kNoHandle;
+    // What a listing called a file is opened without another look.
+    return AdoptFile(openat(ToFile(folder), BytesFromText(name).c_str(), O_RDONLY | kSafeFlags), size);
 }
 
 void CloseFolder(Handle folder) { close(ToFile(folder)); }

@@ -113,7 +113,8 @@ kmString FollowLink(const kmString& path) {
 bool IsMissing(DWORD error) { return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND; }
 
 bool HasForbiddenName(DWORD error) {
-    return error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME || error == ERROR_DIRECTORY;
+    return error == ERROR_INVALID_NAME || error == ERROR_BAD_PATHNAME || error == ERROR_DIRECTORY ||
+           error == ERROR_FILENAME_EXCED_RANGE;
 }
 
 Kind KindOfAttributes(DWORD attributes) {
@@ -183,11 +184,7 @@ Path FindPlace(const kmChar* path) {
     kmString place;
     if (!FindEntry(path, place)) return {};
     if (place.empty()) return FindGivenPlace(path);
-    const DWORD attributes = GetFileAttributesW(place.c_str());
-    const bool isLink =
-        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-    if (!isLink) return place;
-    // Not everything with such an attribute is a link: some are files that are kept elsewhere.
+    if (!IsLink(place)) return place;
     const kmString target = FollowLink(place);
     return target.empty() ? target : SpelledAsOnDisk(target);
 }
@@ -210,6 +207,16 @@ Kind KindOf(const Path& path) {
     if (attributes != INVALID_FILE_ATTRIBUTES) return KindOfAttributes(attributes);
     const DWORD error = GetLastError();
     return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION ? Kind::File : Kind::Nothing;
+}
+
+// Other reparse points are files too, only kept elsewhere.
+bool IsLink(const Path& entry) {
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirst(entry, found);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    FindClose(search);
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           found.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
 }
 
 Handle OpenFile(const kmChar* path, std::uint64_t& size) { return OpenRegular(ToSystemPath(path), size); }
@@ -241,8 +248,7 @@ Handle BeginListing(Handle /*folder*/, const kmString& path, bool& exists) {
     // The pattern takes everything: the system's own test for a suffix also looks at short names.
     listing.search = FindFirst(folder + KM_TEXT("*"), listing.entry);
     if (listing.search == INVALID_HANDLE_VALUE) {
-        exists = !IsMissing(GetLastError());
-        return kNoHandle;
+        return kNoHandle;  // one that may not be listed has no files either
     }
     return reinterpret_cast<Handle>(new Listing(listing));
 }
@@ -330,7 +336,7 @@ void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& na
     constexpr std::int64_t kTicksPerSecond = 10'000'000;
     if (ticks(now) - ticks(info.ftLastWriteTime) < age.count() * kTicksPerSecond) return;
     // Sharing nothing: whoever still writes it has it open. It goes when it is closed.
-    const OpenedFile abandoned(file, DELETE, 0, FILE_FLAG_DELETE_ON_CLOSE);
+    const OpenedFile abandoned(file, DELETE, 0, FILE_FLAG_DELETE_ON_CLOSE | FILE_FLAG_OPEN_REPARSE_POINT);
 }
 
 // Names are written through by the calls that change them.

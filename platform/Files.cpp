@@ -5,6 +5,8 @@
 #include "platform/Files.h"
 
 #include <algorithm>
+#include <chrono>
+#include <exception>
 #include <random>
 #include <string>
 #include <utility>
@@ -21,25 +23,51 @@ constexpr kmStringView kTemporaryStart = KM_TEXT(".km");
 constexpr kmStringView kTemporaryEnd = KM_TEXT(".tmp");
 constexpr std::chrono::minutes kAbandonedAfter{15};
 
+// The system's randomness, or the time where it has none: names that exist already are no harm.
+std::uint64_t RandomNumber() {
+    try {
+        std::random_device random;
+        return std::uint64_t{random()} << 32 | random();
+    } catch (const std::exception&) {
+        return static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+    }
+}
+
 std::string RandomName() {
     constexpr char kDigits[] = "0123456789abcdef";
-    constexpr int kLength = 16;
-    std::random_device random;
     std::string name = ".km";
-    for (int i = 0; i < kLength; ++i) name += kDigits[random() % 16];
+    for (std::uint64_t number = RandomNumber(), i = 0; i < 16; ++i, number >>= 4)
+        name += kDigits[number % 16];
     return name + ".tmp";
 }
+
+// A listing that is under way; ended by the destructor.
+class Listing {
+public:
+    explicit Listing(const InputFolder& folder)
+        : m_handle(machine::BeginListing(folder.Handle(), folder.Path(), m_exists)) {}
+    Listing(const Listing&) = delete;
+    Listing& operator=(const Listing&) = delete;
+    ~Listing() {
+        if (m_handle != kNoHandle) machine::EndListing(m_handle);
+    }
+    bool HasBegun() const { return m_handle != kNoHandle; }
+    bool HasFolder() const { return m_exists; }
+    machine::ListStep Next(machine::Entry& entry) { return machine::NextEntry(m_handle, entry); }
+
+private:
+    bool m_exists = true;
+    Handle m_handle;
+};
 
 // Calls `take` with every entry; false when the listing broke off.
 template <class Take>
 bool ForEachEntry(const InputFolder& folder, Take take) {
-    bool exists = true;
-    const Handle listing = machine::BeginListing(folder.Handle(), folder.Path(), exists);
-    if (listing == kNoHandle) return !exists;
+    Listing listing(folder);
+    if (!listing.HasBegun()) return !listing.HasFolder();
     machine::Entry entry;
     machine::ListStep step = machine::ListStep::Entry;
-    while ((step = machine::NextEntry(listing, entry)) == machine::ListStep::Entry) take(entry);
-    machine::EndListing(listing);
+    while ((step = listing.Next(entry)) == machine::ListStep::Entry) take(entry);
     return step == machine::ListStep::End;
 }
 
@@ -305,7 +333,8 @@ StoreResult StoreRenamed(const kmChar* from, const kmChar* to, const void* bytes
     if (!file.Create(place, old)) return StoreResult::CannotOpen;
     if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
     if (renaming.from == renaming.to) return FinishReplacing(file, place, old);
-    if (place != renaming.from) return StoreThroughRenamedLink(file, renaming.from, renaming.to, place);
+    if (machine::IsLink(renaming.from))
+        return StoreThroughRenamedLink(file, renaming.from, renaming.to, place);
     if (renaming.isSameEntry && machine::kNamesIgnoreCase) return FinishReplacing(file, renaming.to, old);
     return StoreAndRemove(file, renaming.from, renaming.to);
 }

@@ -37,7 +37,8 @@ void SetOrRemove(XMLNode& element, const kmChar* name, bool isEmpty, const kmStr
 // that no profile gets such an ID, but one that has it keeps it.
 bool CanNameFile(const kmString& id, const kmString& ownID) {
     const PROFILE_ID_FAULT fault = kmFindIDFault(id);
-    return fault == PROFILE_ID_FAULT_NONE || (fault == PROFILE_ID_FAULT_LEADING_DOT && id == ownID);
+    if (fault != PROFILE_ID_FAULT_LEADING_DOT || id != ownID) return fault == PROFILE_ID_FAULT_NONE;
+    return kmFindIDFault(KM_TEXT("_") + id) == PROFILE_ID_FAULT_NONE;  // no fault but the dot
 }
 
 void ReportChange(PROFILE_CHANGED_TYPE type, const kmString& newID, const kmString& oldID,
@@ -78,9 +79,10 @@ void kmProfile::SetValueToFile(kmProfileItem& item, XMLNode& element) {
 PROFILE_EERROR kmProfile::FindSaveRefusal(const kmString& newID, bool overwrite) const {
     kmManager& manager = kmManager::GetInstance();
     const bool isSystem = m_header.isSystem;
-    if (isSystem && newID == m_id) return PROFILE_ERROR_SYSTEM;
+    const bool isOwnID = newID == m_id.c_str();
+    if (isSystem && isOwnID) return PROFILE_ERROR_SYSTEM;
     if (manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
-    if (!isSystem && newID == m_id) return PROFILE_ERROR_NONE;
+    if (!isSystem && isOwnID) return PROFILE_ERROR_NONE;
     if (!overwrite && manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;
     const kmProfileInfo* existing = isSystem ? nullptr : manager.GetProfileInfo(newID.c_str());
     return existing != nullptr && existing->IsSystem() ? PROFILE_ERROR_SYSTEM : PROFILE_ERROR_NONE;
@@ -100,7 +102,7 @@ PROFILE_EERROR kmProfile::SaveUnder(const kmString& newID, bool overwrite, bool 
     if (m_folder.empty()) return PROFILE_ERROR_FILE;
     const PROFILE_EERROR refusal = FindSaveRefusal(newID, overwrite);
     if (refusal != PROFILE_ERROR_NONE) return refusal;
-    if (!CanNameFile(newID, m_id)) return PROFILE_ERROR_FILE;
+    if (!CanNameFile(newID, m_id.c_str())) return PROFILE_ERROR_FILE;
     const XMLNode document = BuildDocument(newID);
     if (!document.ReadsBackTheSame()) return PROFILE_ERROR_FILE;
 
@@ -134,7 +136,7 @@ XMLNode kmProfile::BuildDocument(const kmString& newID) {
 
 PROFILE_EERROR kmProfile::ReName(const kmString& targetID) {
     const kmString newID = targetID.c_str();
-    const kmString oldID = m_id;
+    const kmString oldID = m_id.c_str();
     kmManager& manager = kmManager::GetInstance();
     if (m_header.isSystem || manager.IsSysName(newID)) return PROFILE_ERROR_SYSTEM;
     if (manager.ProfileExist(newID.c_str())) return PROFILE_ERROR_EXIST;

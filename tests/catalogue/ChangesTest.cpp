@@ -2,97 +2,140 @@
 
 #include "kmManager.h"
 #include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ProfilesFolder.h"
 
 namespace {
 
+using Strings = std::vector<std::string>;
+
 void Record(PROFILE_CHANGED_TYPE type, const kmChar* first, const kmChar* second, void* calls) {
-    *static_cast<std::string*>(calls) += std::to_string(type) + " " + Utf8(first) + " " + Utf8(second) + ";";
+    constexpr const char* kKinds[] = {"saved ", "deleted ", "renamed ", "recent "};
+    static_cast<Strings*>(calls)->push_back(kKinds[type] + Utf8(first) + " " + Utf8(second));
 }
 
-// Holds the user profiles Main (in the folder itself), A and B and the system profile S, with B and A in the
-// recent list; New has come to the disk since.
-struct TestManager : kmManager {
-    // clang-format off
-    TestManager() {
-        for (const kmChar* name : {KM_TEXT("Main.pf"), KM_TEXT("user\\A.pf"), KM_TEXT("user\\B.pf")})
-            folder.WriteBytes(name, "<Profiles><Main/></Profiles>");
-        folder.WriteBytes(KM_TEXT("S.pf"),
-                          "<Profiles><Main><IsSysProfile>yes</IsSysProfile></Main></Profiles>");
+// Loaded are the system profile Sys and the user profiles A, B and, in the folder itself, Main; B and A are
+// recent. New has come into the user's folder since.
+struct LoadedCatalogue : kmManager {
+    LoadedCatalogue() {
+        for (const char* id : {"Main", "user\\A", "user\\B"}) folder.AddProfile(id, UserProfile());
+        folder.AddProfile("Sys", SystemProfile());
         Load(folder.Path());
-        folder.WriteBytes(KM_TEXT("user\\New.pf"), "<Profiles><Main/></Profiles>");
-        for (const kmChar* id : {KM_TEXT("A"), KM_TEXT("B")}) AddRecentProfile(id);
+        folder.AddProfile("user\\New", UserProfile());
+        AddRecentProfile(KM_TEXT("A"));
+        AddRecentProfile(KM_TEXT("B"));
         RegisterChangedCallback(&Record, &calls);
     }
-    // clang-format on
 
-    // Records | user's group | recent list | calls.
+    // The IDs of the records; of the user's group; of the recent list.
     std::string State() {
-        std::string text;
-        for (const kmProfileInfo& info : GetProfiles()) text += Utf8(info.GetID()) + " ";
-        for (const kmGroup* group : {&GetUserGroup(), &GetRecentGroup()}) {
-            text += "| ";
-            for (const kmString& id : group->GetProfileIDs()) text += Utf8(id) + " ";
-        }
-        return text + "| " + calls;
+        return Records(GetProfiles()) + "; " + Joined(GetUserGroup().GetProfileIDs()) + "; " + Recent();
     }
+    std::string Recent() { return Joined(GetRecentGroup().GetProfileIDs()); }
+    bool IsOnDisk(const char* id) const { return exists(folder.SystemPath(Text(id) + KM_TEXT(".pf"))); }
 
-    TemporaryFolder folder;
-    CapturedMessages messages;
-    std::string calls;
+    const CapturedMessages messages;
+    const ProfilesFolder folder;
+    Strings calls;
 };
 
-// The IDs stand between bars. Of the operations on each of them, D deletes, U adds to the user's, R to the
-// recent ones, and a number tells of that change; the state begins with what they return.
-TEST(Changes, UpdateAndTell) {
+constexpr const char* kUnchanged = "|Main|Sys|A|B; |Main|A|B; |B|A";
+
+TEST(CatalogueChanges, ReportsAreFollowedAndPassedOn) {
     // clang-format off
-    const struct { char operation; const char *ids, *other, *state; } rows[] = {
-        {'0', "New", "", "Main S A B New | Main A B New | B A | 0 New ;"},
-        {'0', "A", "", "Main S B A | Main A B | B A | 0 A ;"},
-        {'0', "Main", "x", "S A B | Main A B | B A | 0 Main x;"},
-        {'1', "A", "", "Main S A B A | Main A B | B A | 1 A ;"},
-        {'2', "New", "A", "Main S B New | Main B New | B New | 2 New A;"},
-        {'2', "New", "a", "Main S B New | Main A B New | B A | 2 New a;"},
-        {'2', "B", "A", "Main S B B | Main B | B B | 2 B A;"},
-        {'3', "New", "", "Main S A B | Main A B | B A | 3 New ;"},
-        {'D', "A|A", "", "10Main S B | Main B | B A | 1 A (null);"},
-        {'D', "S|New|Main", "", "000Main S A B | Main A B | B A | "},
-        {'U', "New|Main", "", "11Main S A B Main | Main A B | B A | "},
-        {'R', "A|a", "", "11Main S A B | Main A B | a B A | 3 a (null);"}};
+    const struct { const char* fault; PROFILE_CHANGED_TYPE type; const char *id, *other, *state; } rows[] = {
+        {"saved_profile_not_added",     PROFILE_SAVED,   "New", "", "|Main|Sys|A|B|New; |Main|A|B|New; |B|A"},
+        {"saved_again_stands_twice",    PROFILE_SAVED,   "A",    "",  "|Main|Sys|B|A; |Main|A|B; |B|A"},
+        {"saved_elsewhere_kept",        PROFILE_SAVED,   "Main", "x", "|Sys|A|B; |Main|A|B; |B|A"},
+        {"other_kinds_drop_the_record", PROFILE_DELETED, "A",    "",  "|Main|Sys|A|B|A; |Main|A|B; |B|A"},
+        {"renamed_keeps_the_old_id",    PROFILE_RENAMED, "New",  "A", "|Main|Sys|B|New; |Main|B|New; |B|New"},
+        {"lists_ignore_letter_case",    PROFILE_RENAMED, "New",  "a", "|Main|Sys|B|New; |Main|A|B|New; |B|A"},
+        {"second_recent_entry_dropped", PROFILE_RENAMED, "B",    "A", "|Main|Sys|B|B; |Main|B; |B|B"},
+        {"recent_profile_read_again",   PROFILE_RECENT_ADDED, "New", "", kUnchanged}};
     // clang-format on
-    for (const auto& [operation, ids, other, state] : rows) {
-        TestManager manager;
-        std::string results;
-        for (const kmString& id : Pieces(ids)) {
-            if (operation == 'D') results += manager.DeleteProfile(id.c_str()) ? "1" : "0";
-            if (operation == 'U') results += manager.AddUserProfile(id.c_str()) ? "1" : "0";
-            if (operation == 'R') results += manager.AddRecentProfile(id.c_str()) ? "1" : "0";
-            if (operation <= '9')
-                manager.ProfileChanged(static_cast<PROFILE_CHANGED_TYPE>(operation - '0'), id.c_str(),
-                                       TextFromBytes(other).c_str());
-        }
-        EXPECT_EQ(results + manager.State(), state) << operation << ids;
+    for (const auto& row : rows) {
+        LoadedCatalogue catalogue;
+        Strings expectedCalls;
+        Record(row.type, Text(row.id).c_str(), Text(row.other).c_str(), &expectedCalls);
+        SCOPED_TRACE(row.fault + (", given " + expectedCalls[0]));
+        catalogue.ProfileChanged(row.type, Text(row.id).c_str(), Text(row.other).c_str());
+        EXPECT_EQ(catalogue.State(), row.state);
+        EXPECT_EQ(catalogue.calls, expectedCalls);
     }
-    TestManager manager;
-    for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)})
-        EXPECT_FALSE(manager.AddUserProfile(none) || manager.AddRecentProfile(none));
-    for (const kmString& id : Pieces("0|1|2|3|4|5|6|7|8")) manager.AddRecentProfile(id.c_str());
-    manager.calls.clear();
-    EXPECT_TRUE(manager.DeleteProfile(manager.GetUserGroup().GetProfileIDs()[1]));
-    EXPECT_EQ(manager.State(), "Main S B | Main B | 8 7 6 5 4 3 2 1 0 B | 1 A (null);");
 }
 
-TEST(Changes, CallbacksMayRegisterAndChange) {
-    TestManager manager;
-    const auto nested = [](PROFILE_CHANGED_TYPE type, const kmChar* first, const kmChar*, void* data) {
-        TestManager& self = *static_cast<TestManager*>(data);
+TEST(CatalogueChanges, DeletingRemovesFileRecordAndGroupEntry) {
+    LoadedCatalogue catalogue;
+    // The ID is the very entry that goes away.
+    EXPECT_TRUE(catalogue.DeleteProfile(catalogue.GetUserGroup().GetProfileIDs()[1]));
+    EXPECT_FALSE(catalogue.IsOnDisk("user\\A"));
+    EXPECT_EQ(catalogue.State(), "|Main|Sys|B; |Main|B; |B|A");
+    EXPECT_EQ(catalogue.calls, Strings{"deleted A (null)"});
+    EXPECT_FALSE(catalogue.DeleteProfile(KM_TEXT("A"))) << "deleted twice";
+}
+
+TEST(CatalogueChanges, RefusedDeletionChangesNothing) {
+    // clang-format off
+    const struct { const char *fault, *id, *file; } rows[] = {
+        {"system_profile_deleted",            "Sys",  "Sys"},
+        {"file_without_a_record_deleted",     "New",  "user\\New"},
+        {"file_of_the_other_folder_deleted",  "Main", "Main"}};
+    // clang-format on
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.fault);
+        LoadedCatalogue catalogue;
+        EXPECT_FALSE(catalogue.DeleteProfile(Text(row.id))) << row.id;
+        EXPECT_TRUE(catalogue.IsOnDisk(row.file)) << row.file;
+        EXPECT_EQ(catalogue.State(), kUnchanged);
+        EXPECT_EQ(catalogue.calls, Strings{});
+    }
+}
+
+TEST(CatalogueChanges, AddingReadsTheProfilesFolderAlone) {
+    LoadedCatalogue catalogue;
+    EXPECT_TRUE(catalogue.AddUserProfile(KM_TEXT("New")));
+    EXPECT_EQ(catalogue.State(), kUnchanged) << "read from the user's folder";
+    EXPECT_TRUE(catalogue.AddUserProfile(KM_TEXT("Main")));
+    EXPECT_EQ(catalogue.State(), "|Main|Sys|A|B|Main; |Main|A|B; |B|A");
+    EXPECT_EQ(catalogue.calls, Strings{});
+}
+
+TEST(CatalogueChanges, RecentListTakesEveryExactIDOnce) {
+    LoadedCatalogue catalogue;
+    EXPECT_TRUE(catalogue.AddRecentProfile(KM_TEXT("A")));
+    EXPECT_EQ(catalogue.Recent(), "|B|A") << "an ID of the list moved or came again";
+    EXPECT_TRUE(catalogue.AddRecentProfile(KM_TEXT("a")));
+    EXPECT_EQ(catalogue.Recent(), "|a|B|A");
+    EXPECT_EQ(catalogue.calls, Strings{"recent a (null)"});
+}
+
+TEST(CatalogueChanges, RecentListKeepsTheTenNewest) {
+    LoadedCatalogue catalogue;
+    for (const kmString& id : Pieces("0|1|2|3|4|5|6|7|8")) catalogue.AddRecentProfile(id.c_str());
+    EXPECT_EQ(catalogue.Recent(), "|8|7|6|5|4|3|2|1|0|B");
+}
+
+TEST(CatalogueChanges, NoIDIsRefused) {
+    LoadedCatalogue catalogue;
+    for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)}) {
+        EXPECT_FALSE(catalogue.AddUserProfile(none)) << Utf8(none);
+        EXPECT_FALSE(catalogue.AddRecentProfile(none)) << Utf8(none);
+    }
+}
+
+TEST(CatalogueChanges, CallbacksMayRegisterAndChange) {
+    LoadedCatalogue catalogue;
+    const auto onChange = [](PROFILE_CHANGED_TYPE type, const kmChar* first, const kmChar*, void* data) {
+        LoadedCatalogue& self = *static_cast<LoadedCatalogue*>(data);
+        // So many that the list of callbacks moves in memory.
         for (int i = 0; i < 50; ++i) self.RegisterChangedCallback([](auto...) {}, nullptr);
-        if (type == PROFILE_SAVED) self.RegisterChangedCallback(&Record, &self.calls);
-        if (type == PROFILE_SAVED) self.AddRecentProfile((kmString(first) + KM_TEXT("+")).c_str());
+        if (type != PROFILE_SAVED) return;
+        self.RegisterChangedCallback(&Record, &self.calls);
+        self.AddRecentProfile((kmString(first) + KM_TEXT("+")).c_str());
     };
-    manager.RegisterChangedCallback(nested, &manager);
-    manager.ProfileChanged(PROFILE_SAVED, manager.GetRecentGroup().GetProfileIDs()[0].c_str(), nullptr);
-    EXPECT_EQ(manager.State(), "Main S A B | Main A B | B+ B A | 0 B (null);3 B+ (null);3 B+ (null);");
+    catalogue.RegisterChangedCallback(onChange, &catalogue);
+    catalogue.ProfileChanged(PROFILE_SAVED, catalogue.GetRecentGroup().GetProfileIDs()[0].c_str(), nullptr);
+    EXPECT_EQ(catalogue.State(), "|Main|Sys|A|B; |Main|A|B; |B+|B|A");
+    EXPECT_EQ(catalogue.calls, (Strings{"saved B (null)", "recent B+ (null)", "recent B+ (null)"}));
 }
 
 }  // namespace

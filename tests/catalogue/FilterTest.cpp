@@ -5,54 +5,55 @@
 
 #include "kmManager.h"
 #include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ProfilesFolder.h"
 
 namespace {
 
-// The texts of two loads, and the IDs that each takes with the number of system groups.
-// clang-format off
-struct FilterCase { const char *fault, *id, *group, *laterID, *laterGroup, *expected; };
-// clang-format on
+using Filter = std::pair<std::string, std::string>;  // of IDs, of groups
 
+struct FilterCase {
+    const char* fault;
+    Filter first, later;
+    const char* taken;
+};
+
+// For each of two loads the IDs that it takes and the number of system groups.
 int PrintTaken(const FilterCase& row) {
-    const TemporaryFolder folder;
     const CapturedMessages messages;
-    // clang-format off
-    const std::string system = "<Profiles><Main><IsSysProfile>yes</IsSysProfile></Main>";
-    folder.WriteBytes(KM_TEXT("A.pf"), system +
-                      "<Group><GroupName language='Zune'/><GroupName language='iPod'/></Group></Profiles>");
-    folder.WriteBytes(KM_TEXT("B.pf"), system + "<Group><GroupName language='PSP'/></Group></Profiles>");
-    folder.WriteBytes(KM_TEXT("C.pf"), system + "</Profiles>");
-    folder.WriteBytes(KM_TEXT("D.pf"), system + "<Group><GroupName/></Group></Profiles>");
-    folder.WriteBytes(KM_TEXT("U.pf"),
-                      "<Profiles><Main/><Group><GroupName language='PSP'/></Group></Profiles>");
-    // clang-format on
+    const ProfilesFolder folder;
+    const std::string zuneAndIPod = "<Group><GroupName language='Zune'/><GroupName language='iPod'/></Group>";
+    folder.AddProfile("A", SystemProfile(zuneAndIPod));
+    folder.AddProfile("B", SystemProfile(InGroup("PSP")));
+    folder.AddProfile("C", SystemProfile());
+    folder.AddProfile("D", SystemProfile("<Group><GroupName/></Group>"));
+    folder.AddProfile("U", UserProfile(InGroup("PSP")));
     struct : kmManager {
-    } manager;
-    for (const auto& [id, group] : {std::pair(row.id, row.group), std::pair(row.laterID, row.laterGroup)}) {
-        manager.SetIDFilter(TextFromBytes(id).c_str());
-        manager.SetGroupFilter(TextFromBytes(group).c_str());
-        manager.Load(folder.Path());
-        for (const kmProfileInfo& info : manager.GetProfiles()) std::cerr << Utf8(info.GetID());
-        std::cerr << manager.GetSystemGroups().size() << " ";
+    } catalogue;
+    for (const auto& [ids, groups] : {row.first, row.later}) {
+        catalogue.SetIDFilter(Text(ids).c_str());
+        catalogue.SetGroupFilter(Text(groups).c_str());
+        catalogue.Load(folder.Path());
+        for (const kmProfileInfo& info : catalogue.GetProfiles()) std::cerr << Utf8(info.GetID());
+        std::cerr << catalogue.GetSystemGroups().size() << ";";
     }
     return 0;
 }
 
-TEST(FilterDeathTest, TakesWhatTheListsName) {
+TEST(CatalogueFilterDeathTest, TakesWhatTheListsName) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     // clang-format off
     const FilterCase rows[] = {
-        {"other_case_or_spaces_missed", "a | x", "", "", "", "^ACU3 ABCDU4"},
-        {"named_ids_not_left_out", "~A|c", "", "A", "", "^BCDU2 BCDU2"},
-        {"other_groups_of_a_taken_profile_lost", "", "zune", "", "PSP", "^ACU3 ACU3"},
-        {"one_group_that_passes_is_not_enough", "", "~Zune|PSP", "A", "", "^ACDU3 ACDU3"},
-        {"empty_piece_dropped", "", "PSP|", "", "", "^BCDU2 ABCDU4"},
-        {"group_filter_used_beside_the_other", "B", "Zune", "", "Zune", "^BCU2 BCU2"},
-        {"lists_read_without_a_text", "", "", "B", "", "^ABCDU4 BCU2"}};
+        {"other_case_or_spaces_missed",         {"a | x", ""},     {"", ""},     "^ACU3;ABCDU4;"},
+        {"named_ids_not_left_out",              {"~A|c", ""},      {"A", ""},    "^BCDU2;BCDU2;"},
+        {"other_groups_of_a_taken_one_lost",    {"", "zune"},      {"", "PSP"},  "^ACU3;ACU3;"},
+        {"one_group_that_passes_is_not_enough", {"", "~Zune|PSP"}, {"A", ""},    "^ACDU3;ACDU3;"},
+        {"empty_piece_dropped",                 {"", "PSP|"},      {"", ""},     "^BCDU2;ABCDU4;"},
+        {"group_filter_used_beside_the_other",  {"B", "Zune"},     {"", "Zune"}, "^BCU2;BCU2;"},
+        {"lists_read_without_a_text",           {"", ""},          {"B", ""},    "^ABCDU4;BCU2;"}};
     // clang-format on
     for (const FilterCase& row : rows)
-        EXPECT_EXIT(std::exit(PrintTaken(row)), testing::ExitedWithCode(0), row.expected) << row.fault;
+        EXPECT_EXIT(std::exit(PrintTaken(row)), testing::ExitedWithCode(0), row.taken)
+            << row.fault << ", given " << testing::PrintToString(std::pair(row.first, row.later));
 }
 
 }  // namespace

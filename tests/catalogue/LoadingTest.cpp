@@ -1,58 +1,95 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "kmManager.h"
 #include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ProfilesFolder.h"
 
 namespace {
 
-struct TestManager : kmManager {
-    // The IDs of all records, then the groups with theirs.
-    std::string Loaded(const TemporaryFolder& folder) {
-        std::string text = Load(folder.Path()) ? "" : "failed ";
-        for (const kmProfileInfo& info : GetProfiles()) text += Utf8(info.GetID()) + " ";
-        for (std::size_t i = 0; i <= GetSystemGroups().size(); ++i) {
-            kmGroup& group = i < GetSystemGroups().size() ? GetSystemGroups()[i] : GetUserGroup();
-            text += "| " + Utf8(group.GetOriginalName());
-            for (const kmString& id : group.GetProfileIDs()) text += " " + Utf8(id);
+struct Catalogue : kmManager {
+    // Those that hold profiles.
+    std::string Groups() {
+        std::vector<kmGroup> groups = GetSystemGroups();
+        groups.push_back(GetUserGroup());
+        std::string text;
+        for (kmGroup& group : groups) {
+            if (group.GetProfileIDs().empty()) continue;
+            text += Utf8(group.GetOriginalName()) + Joined(group.GetProfileIDs()) + ";";
         }
         return text;
     }
 };
 
-// Files stand between bars as name:content; Y is the mark of a system profile, (name) a group.
-TEST(Loading, FilesBecomeRecordsAndGroups) {
-    const CapturedMessages messages;
+using Files = std::map<std::string, std::string>;  // texts by name
+
+TEST(CatalogueLoading, FilesBecomeRecordsAndGroups) {
+    const std::string user = UserProfile(), inG = InGroup("g"),
+                      yes = "<profiles><main><issysprofile>YES</issysprofile></main></profiles>",
+                      marked =
+                          "<Profiles><Main><IsSysProfile>true</IsSysProfile></Main>" + inG + "</Profiles>",
+                      unnamed = "<Group><GroupName/><GroupName language=''/></Group>";
     // clang-format off
-    const struct { const char *files, *expected; } rows[] = {
-        {"a.pf:Y|b.pf:Y<Group/>", "a b | others a| User Defined"},
-        {"a.pf:Y<Group><GroupName/><GroupName language=''/></Group>", "a |  a| User Defined"},
-        {"a.pf:<Main><IsSysProfile>true</IsSysProfile></Main>(g)", "a | User Defined a"},
-        {"a.b.PF:<Main/>", "a.b | User Defined a.b"},
-        {"x/a.pf:<Main/>|.h.pf:<Main/>|a.pfx:<Main/>|b.pf:|c.pf:</x>|d.pf/x:<Main/>", "| User Defined"},
-        {"a.pf:Y(g)|USER/a.pf:Y(g)<Group/>|USER/b.pf:<Main/>", "a a b | g a| User Defined b"},
-        {"1.pf:Y(A)|2.pf:Y(others)|3.pf:Y(iPod)|4.pf:Y(X)|5.pf:Y(Common Video)",
-         "1 2 3 4 5 | Common Video 5| iPod 3| A 1| X 4| others 2| User Defined"},
-        {"1.pf:Y(^PSP)|2.pf:Y(zune)|3.pf:Y(Zune)", "1 2 3 | Zune 3| zune 2| ^PSP 1| User Defined"}};
+    const struct { const char* fault; Files files; const char *records, *groups; } rows[] = {
+        {"without_a_group_element_not_in_others", {{"a.pf", SystemProfile()}}, "|a", "others|a;"},
+        {"empty_group_element_read_as_others", {{"a.pf", SystemProfile("<Group/>")}}, "|a", ""},
+        {"missing_name_kept_or_empty_one_lost", {{"a.pf", SystemProfile(unnamed)}}, "|a", "|a;"},
+        {"second_group_element_read", {{"a.pf", SystemProfile(inG + InGroup("h"))}}, "|a", "g|a;"},
+        {"letter_case_of_names_or_mark_counts", {{"a.pf", yes}}, "|a", "others|a;"},
+        {"true_is_a_mark_or_users_groups_made", {{"a.pf", marked}}, "|a", "User Defined|a;"},
+        {"first_dot_or_lower_case_extension", {{"a.b.PF", user}}, "|a.b", "User Defined|a.b;"},
+        {"file_that_is_no_profile_read", {{"a.pfx", user}, {".b.pf", user}, {"c.pf", "<Profiles/>"}}, "", ""},
+        {"folder_or_its_content_taken", {{"x\\a.pf", user}, {"b.pf\\c.pf", user}}, "", ""},
+        {"broken_file_ends_the_load", {{"a.pf", "</x>"}, {"b.pf", user}}, "|b", "User Defined|b;"},
+        {"user_folder_first_or_missed", {{"b.pf", user}, {"USER\\a.pf", user}}, "|b|a", "User Defined|b|a;"},
+        {"id_of_both_folders_twice_in_a_group",
+         {{"a.pf", SystemProfile(inG)}, {"user\\a.pf", SystemProfile(inG)}}, "|a|a", "g|a;"}};
     // clang-format on
-    const std::string yes = "<Main><issysprofile>Yes</issysprofile></Main>";
-    TestManager manager;  // the same for all: a load begins anew
-    EXPECT_EQ(manager.GetIconParser(), nullptr);
+    const CapturedMessages messages;
     for (const auto& row : rows) {
-        const TemporaryFolder folder;
-        for (const kmString& piece : Pieces(row.files)) {
-            const std::string file = Utf8(piece);
-            std::string text;
-            for (const char c : file.substr(file.find(':') + 1))
-                text += c == 'Y'   ? yes
-                        : c == '(' ? "<group><GroupName language='"
-                        : c == ')' ? "'/></group>"
-                                   : std::string(1, c);
-            folder.WriteBytes(TextFromBytes(file.substr(0, file.find(':'))),
-                              "<profiles>" + text + "</profiles>");
-        }
-        EXPECT_EQ(manager.Loaded(folder), row.expected) << row.files;
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << testing::PrintToString(row.files));
+        const ProfilesFolder folder;
+        for (const auto& [name, text] : row.files) folder.WriteBytes(Text(name), text);
+        Catalogue catalogue;
+        EXPECT_TRUE(catalogue.Load(folder.Path()));
+        EXPECT_EQ(Records(catalogue.GetProfiles()), row.records);
+        EXPECT_EQ(catalogue.Groups(), row.groups);
     }
+}
+
+TEST(CatalogueLoading, GroupsStandInTheirOrder) {
+    // The profiles 1, 2, 3, ... are in one group each.
+    // clang-format off
+    const struct { const char *fault, *inReadingOrder, *expected; } rows[] = {
+        {"others_not_last_or_unknown_groups_sorted", "A|others|iPod|X|Common Video",
+         "Common Video|5;iPod|3;A|1;X|4;others|2;"},
+        {"known_in_another_spelling", "^PSP|zune|Zune", "Zune|3;zune|2;^PSP|1;"}};
+    // clang-format on
+    const CapturedMessages messages;
+    for (const auto& row : rows) {
+        const ProfilesFolder folder;
+        int number = 0;
+        for (const kmString& group : Pieces(row.inReadingOrder))
+            folder.AddProfile(std::to_string(++number), SystemProfile(InGroup(Utf8(group))));
+        Catalogue catalogue;
+        catalogue.Load(folder.Path());
+        EXPECT_EQ(catalogue.Groups(), row.expected) << row.fault << ", given " << row.inReadingOrder;
+    }
+}
+
+TEST(CatalogueLoading, NextLoadBeginsAnew) {
+    const CapturedMessages messages;
+    const ProfilesFolder folder, empty;
+    folder.AddProfile("a", SystemProfile());
+    folder.AddProfile("user\\b", UserProfile());
+    Catalogue catalogue;
+    EXPECT_EQ(catalogue.GetIconParser(), nullptr);
+    catalogue.Load(folder.Path());
+    catalogue.Load(empty.Path());
+    EXPECT_EQ(Records(catalogue.GetProfiles()), "");
+    EXPECT_EQ(catalogue.Groups(), "");
+    EXPECT_EQ(catalogue.GetSystemGroups().size(), 0u);
 }
 
 }  // namespace

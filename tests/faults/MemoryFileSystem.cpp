@@ -212,6 +212,8 @@ Kind KindOf(const Path& path) {
     return found == TheDisk().nodes.end() ? Kind::Nothing : found->second->kind;
 }
 
+bool IsLink(const Path& /*entry*/) { return false; }
+
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
     const AllocationsAllowed allowed;
     return Works("OpenFile") ? OpenNode(Find(ToPath(path)), size) : kNoHandle;

@@ -6,85 +6,125 @@
 
 namespace {
 
+constexpr const kmChar *kIndexFile = KM_TEXT("pficon.con"), *kUserFile = KM_TEXT("user\\userpf.con");
+
+std::string Item(const std::string& id, const std::string& index, const std::string& image) {
+    return "\t\t<item id=\"" + id + "\" index=\"" + index + "\" image=\"" + image + "\"/>\n";
+}
+
+// The user's file as the library writes it.
+std::string UserFile(const std::string& items) {
+    return "<?xml version=\"1.0\" encoding=\"utf-16\"?>\n<items>\n\t<user_pf>\n" + items +
+           "\t</user_pf>\n</items>\n";
+}
+
 struct TestIcons : kmIconParser {
     // Reads an index file with this content of "groups", its attributes included, and of "profiles".
-    void Init(const TemporaryFolder& folder, const std::string& groups, const std::string& profiles) {
-        const std::string text =
-            "<items><groups" + groups + "</groups><profiles>" + profiles + "</profiles></items>";
-        folder.WriteBytes(KM_TEXT("pficon.con"), text);
+    void Init(const std::string& groups, const std::string& profiles) {
+        folder.WriteBytes(
+            kIndexFile, "<items><groups" + groups + "</groups><profiles" + profiles + "</profiles></items>");
         InitParser(folder.Path().c_str());
     }
     std::string Icon(const kmChar* id, bool group = false) const {
-        return std::to_string(GetIconIndex(id, group)) + Utf8(GetImageFileName(id, group));
+        return std::to_string(GetIconIndex(id, group)) + " in '" + Utf8(GetImageFileName(id, group)) + "'";
     }
-};
-
-TEST(Icons, UserFileOverridesAndDefaultAnswersTheRest) {
-    const CapturedMessages messages;
-    const TemporaryFolder folder;
-    TestIcons icons;
-    folder.WriteBytes(KM_TEXT("user\\userpf.con"),
-                      "<ITEMS><user_pf><x ID='b' image='u' index='7'/></user_pf></ITEMS>");
-    // clang-format off
-    const std::string items = "<i id='a' image='1' index='1'/><any id='a' image='2' index='0x10'/>"
-        "<i id='b' image='p' index='3'/><i id='' image='n' index='4'/><i id='e' image='' index='-2'/>";
-    // In order: what an attribute does not say stays as it was.
-    const struct { const char *attributes, *expected; } settings[] = {
-        {">", "16 16RGB(0, 0, 0) one"},
-        {" width=' 0x20' height='010' singlefile='true' transclr=''>", "32 8"}, {">", "32 8"},
-        {" SingleFile='YES' width='abc' height='99999999999'>", "0 2147483647 one"}};
-    for (const auto& row : settings) {
-        icons.Init(folder, row.attributes + items, items + "<i id='default' image='d' index='9'/>");
+    std::string Settings(bool group) const {
         std::int32_t width = 0, height = 0;
         kmString color;
-        icons.GetIconInfo(width, height, color, true);
-        EXPECT_EQ(std::to_string(width) + " " + std::to_string(height) + Utf8(color) +
-                  (icons.GroupIconIsSignleImage() ? " one" : ""), row.expected) << row.attributes;
+        GetIconInfo(width, height, color, group);
+        const bool isOneImage = group ? GroupIconIsSignleImage() : ProfileIconIsSignleImage();
+        return std::to_string(width) + "x" + std::to_string(height) + " '" + Utf8(color) + "'" +
+               (isOneImage ? " one image" : "");
     }
+
+    const CapturedMessages messages;
+    const TemporaryFolder folder;
+};
+
+TEST(Icons, SettingsStayUntilAFileSaysOtherwise) {
+    constexpr const char* kInitial = "16x16 'RGB(0, 0, 0)' one image";
+    // In order: every file is read after the one above it.
+    // clang-format off
+    const struct { const char *fault, *attributes, *expected; } rows[] = {
+        {"initial_settings_wrong", "", kInitial},
+        {"number_or_flag_misread", " width=' 0x20' height='010' singlefile='true' transclr=''", "32x8 ''"},
+        {"missing_attribute_resets", "", "32x8 ''"},
+        {"limits_or_letter_case_wrong", " SingleFile='YES' width='abc' height='99999999999'",
+         "0x2147483647 '' one image"}};
     // clang-format on
-    std::string got;
-    for (const kmString& id : Pieces("a|b|A|e")) got += icons.Icon(id.c_str()) + " ";
-    got += icons.Icon(nullptr) + " " + icons.Icon(KM_TEXT("b"), true);
-    EXPECT_EQ(got + icons.Icon(KM_TEXT("default"), true), "162 7u 9d -2 9d 3p-1");
-    std::filesystem::remove(folder.SystemPath(KM_TEXT("pficon.con")));
-    icons.InitParser(folder.Path().c_str());
-    EXPECT_EQ(icons.Icon(KM_TEXT("b")), "-1") << "the user's file was read without the index file";
+    for (const bool group : {true, false}) {
+        TestIcons icons;
+        for (const auto& row : rows) {
+            const std::string open = std::string(row.attributes) + ">";
+            icons.Init(group ? open : ">", group ? ">" : open);
+            EXPECT_EQ(icons.Settings(group), row.expected) << row.fault << ", given" << row.attributes;
+            EXPECT_EQ(icons.Settings(!group), kInitial) << "of the other kind, " << row.fault;
+        }
+    }
+}
+
+TEST(Icons, LookUpsFindTheLastEntryOrTheDefault) {
+    TestIcons icons;
+    const std::string entries =
+        "><i id='a' image='1' index='1'/><any id='a' image='2' index='0x10'/>"
+        "<i id='b' image='p' index='3'/><i id='e' image='' index='-2'/>";
+    icons.folder.WriteBytes(kUserFile, "<ITEMS><user_pf><x ID='b' image='u' index='7'/></user_pf></ITEMS>");
+    icons.Init(entries, entries + "<i id='default' image='d' index='9'/>");
+    // clang-format off
+    const struct { const char* fault; const kmChar* id; bool group; const char* expected; } rows[] = {
+        {"first_of_two_entries_won",       KM_TEXT("a"),       false, "16 in '2'"},
+        {"user_entry_lost",                KM_TEXT("b"),       false, "7 in 'u'"},
+        {"user_entry_taken_for_a_group",   KM_TEXT("b"),       true,  "3 in 'p'"},
+        {"letter_case_ignored",            KM_TEXT("A"),       false, "9 in 'd'"},
+        {"default_for_an_empty_image",     KM_TEXT("e"),       false, "-2 in ''"},
+        {"null_id_without_default",        nullptr,            false, "9 in 'd'"},
+        {"default_of_the_other_kind",      KM_TEXT("default"), true,  "-1 in ''"}};
+    // clang-format on
+    for (const auto& row : rows)
+        EXPECT_EQ(icons.Icon(row.id, row.group), row.expected) << row.fault << ", given " << Utf8(row.id);
+}
+
+TEST(Icons, ThereAreNoneWithoutTheIndexFile) {
+    TestIcons icons;
+    icons.folder.WriteBytes(kUserFile, UserFile(Item("b", "7", "u")));
+    icons.Init(">", ">" + Item("a", "1", "i"));
+    std::filesystem::remove(icons.folder.SystemPath(kIndexFile));
+    icons.InitParser(icons.folder.Path().c_str());
+    EXPECT_EQ(icons.Icon(KM_TEXT("a")), "-1 in ''") << "left from the time before";
+    EXPECT_EQ(icons.Icon(KM_TEXT("b")), "-1 in ''") << "read from the user's file";
 }
 
 TEST(Icons, CopiesGoIntoTheUserFile) {
-    const CapturedMessages messages;
+    const std::string a = Item("a", "-1", "&amp;"), withDefault = a + Item("default", "9", "d"),
+                      u = Item("u", "5", "f"), n = Item("n", "-1", "&amp;"), fromU = Item("a", "5", "f"),
+                      fromDefault = Item("n", "9", "d"), none = "<items/>", broken = "<items></x>";
     // clang-format off
-    const std::string a = "<i id='a' image='&amp;' index='-1'/>";
-    const std::string d = a + "<i id='default' image='d' index='9'/>";
-    const std::string head = "<?xml version=\"1.0\" encoding=\"utf-16\"?>\n<items>\n\t<user_pf>\n",
-                      end = "\t</user_pf>\n</items>\n";
-    const auto item = [](const std::string& id, const std::string& index, const std::string& image) {
-        return "\t\t<item id=\"" + id + "\" index=\"" + index + "\" image=\"" + image + "\"/>\n"; };
-    const std::string u = item("u", "5", "f"), n = item("n", "-1", "&amp;");
-    const auto utf16 = [](const std::string& text) {
-        return text.empty() ? text : "\xFF\xFE" + Utf16Bytes(TextFromBytes(text)); };
-    const struct { std::string profiles, before; const char *target, *source;
-                   bool result; std::string icon, after; } rows[] = {
-        {a, "", "n", "a", true, "-1&", head + n + end},
-        {a, head + u + end, "n", "a", true, "-1&", head + u + n + end},
-        {d, "", "n", "A", true, "9d", head + item("n", "9", "d") + end}, {a, "", "n", "x", false, "-1", ""},
-        {a, head + u + end, "a", "u", true, "5f", head + item("a", "5", "f") + end},
-        {a, head + u + end, "a", "x", true, "-1", head + u + end},
-        {a, head + u + end, "u", "u", true, "5f", head + u + end},
-        {a, "<items/>", "n", "a", false, "-1", "<items/>"}, {d, "<items/>", "a", "x", true, "9d", "<items/>"},
-        {a, "<items></x>", "n", "a", false, "-1", "<items></x>"}, {d, " ", "a", "x", false, "-1&", " "}};
+    const struct {
+        const char* fault; std::string indexed, before; const char *target, *source;
+        bool result; const char* icon; std::string after;
+    } rows[] = {
+        {"file_not_made",            a, "",          "n", "a", true,  "-1 in '&'", UserFile(n)},
+        {"older_entry_lost",         a, UserFile(u), "n", "a", true,  "-1 in '&'", UserFile(u + n)},
+        {"default_not_copied",       withDefault, "", "n", "A", true, "9 in 'd'",  UserFile(fromDefault)},
+        {"icon_made_up",             a, "",          "n", "x", false, "-1 in ''",  ""},
+        {"entry_not_handed_on",      a, UserFile(u), "a", "u", true,  "5 in 'f'",  UserFile(fromU)},
+        {"missing_icon_not_copied",  a, UserFile(u), "a", "x", true,  "-1 in ''",  UserFile(u)},
+        {"copy_to_itself_lost",      a, UserFile(u), "u", "u", true,  "5 in 'f'",  UserFile(u)},
+        {"list_made_in_other_file",  a, none,        "n", "a", false, "-1 in ''",  none},
+        {"no_list_stops_the_table",  withDefault, none, "a", "x", true, "9 in 'd'", none},
+        {"unreadable_file_replaced", a, broken,      "n", "a", false, "-1 in ''",  broken},
+        {"table_changed_all_the_same", withDefault, broken, "a", "x", false, "-1 in '&'", broken}};
     // clang-format on
     for (const auto& row : rows) {
-        const TemporaryFolder folder;
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.source << " to " << row.target);
         TestIcons icons;
-        folder.MakeFolder(KM_TEXT("user"));
-        if (!row.before.empty()) folder.WriteBytes(KM_TEXT("user\\userpf.con"), utf16(row.before));
-        icons.Init(folder, ">", row.profiles);
-        const kmString target = TextFromBytes(row.target);
-        SCOPED_TRACE(row.profiles + row.before + row.source);
-        EXPECT_EQ(icons.CopyIconFrom(target.c_str(), TextFromBytes(row.source).c_str()), row.result);
+        icons.folder.MakeFolder(KM_TEXT("user"));
+        if (!row.before.empty()) icons.folder.WriteBytes(kUserFile, row.before);
+        icons.Init(">", ">" + row.indexed);
+        const kmString target = Text(row.target);
+        EXPECT_EQ(icons.CopyIconFrom(target.c_str(), Text(row.source).c_str()), row.result);
         EXPECT_EQ(icons.Icon(target.c_str()), row.icon);
-        EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("user\\userpf.con"))), utf16(row.after));
+        EXPECT_EQ(ReadText(icons.folder.SystemPath(kUserFile)), row.after);
     }
 }
 

@@ -6,10 +6,13 @@
 
 namespace {
 
-using Selection = std::vector<kmProfile*>;
 using List = kmProfileList;
+using Selection = std::vector<kmProfile*>;
 
-// An item with the same lists in both views; its value is the first of them.
+constexpr const kmChar *kRate = KM_TEXT("rate"), *kAlone = KM_TEXT("alone"), *kB = KM_TEXT("b"),
+                       *kZoom = KM_TEXT("Zoom");
+
+// With the same lists in both views; the value is the first.
 kmProfileItem Item(const kmChar* id, const char* display, const char* values) {
     kmProfileItem item;
     item.SetID(id);
@@ -20,59 +23,117 @@ kmProfileItem Item(const kmChar* id, const char* display, const char* values) {
     return item;
 }
 
-// The items with the texts that are shown and the number of values.
+// Each with its texts of one view, and the number of values that was left.
 std::string Shown(const std::vector<kmProfileItem>& items, bool simple) {
     std::string text;
     for (const kmProfileItem& item : items) {
-        const auto& display = simple ? item.GetSimpleCandidatesDisplay() : item.GetAdvCandidatesDisplay();
-        text += Utf8(item.GetID()) + std::to_string(item.GetAdvCandidatesValue().size());
-        for (const kmString& entry : display) text += " " + Utf8(entry);
+        text += Utf8(item.GetID()) + " " + std::to_string(item.GetAdvCandidatesValue().size());
+        text += Joined(simple ? item.GetSimpleCandidatesDisplay() : item.GetAdvCandidatesDisplay()) + ";";
     }
     return text;
 }
 
-TEST(ProfileList, SeveralProfilesAnswerAsOne) {
-    constexpr const kmChar *x = KM_TEXT("x"), *b = KM_TEXT("b"), *zoom = KM_TEXT("Zoom"),
-                           *alone = KM_TEXT("alone");
+// Two profiles that share "rate", with other texts and values, "Zoom", and "b", which the second shows in the
+// advanced view alone.
+struct ProfileList : testing::Test {
+    ProfileList() {
+        first.GetProfileItems() = {Item(kRate, "A|B|C", "Auto|2|3"), Item(kAlone, "A", "1"),
+                                   Item(kB, "D", "1"), Item(kZoom, "o|p|q|r", "0")};
+        second.GetProfileItems() = {Item(kZoom, "z|p", "0"), Item(kB, "E", "1"),
+                                    Item(kRate, "C|A|D", "30|auto|50")};
+        second.GetProfileItem(kB)->SetSimpleName({});
+        second.SetItemValue(kRate, KM_TEXT("auto"));
+    }
+
     kmProfile first, second;
-    first.GetProfileItems() = {Item(x, "A|B|C", "Auto|2|3"), Item(alone, "A", "1"), Item(b, "D", "1"),
-                               Item(zoom, "o|p|q|r", "0")};
-    second.GetProfileItems() = {Item(zoom, "z|p", "0"), Item(b, "E", "1"), Item(x, "C|A|D", "30|auto|50")};
-    second.GetProfileItems()[1].SetSimpleName({});
-    second.GetProfileItems()[1].SetAdvReadOnly(true);
-    second.GetProfileItems()[2].SetSimpleReadOnly(true);
-    second.SetItemValue(x, KM_TEXT("auto"));
     const Selection one{&first}, both{&first, &second}, swapped{&second, &first}, none;
-    const auto show = [](const Selection& selection, const kmChar* id, const kmChar* value) {
-        return Utf8(List::GetDisplayValue(selection, id, value));
-    };
-    const auto valid = [](const Selection& selection, const kmChar* id, const kmChar* value) {
-        kmString message = KM_TEXT("kept");
-        const bool accepted = List::IsValidValue(message, selection, id, value);
-        return (accepted ? "1 " : "0 ") + Utf8(message);
-    };
-    EXPECT_EQ(Shown(List::GetSimpleItems(both), true), "x3 A CZoom1 p");
-    EXPECT_EQ(Shown(List::GetAdvanceItems(both), false), "x3 A Cb1Zoom1 p");
-    EXPECT_EQ(Utf8(List::GetItemValue(both, x)) + Utf8(List::GetItemValue(both, alone)), "Auto");
-    EXPECT_TRUE(List::GetSimpleItemValue(both, x) == 0 && List::SetSimpleItemValue(both, x, 1));
-    EXPECT_EQ(Utf8(first.GetItemValue(x)) + " " + Utf8(second.GetItemValue(x)), "3 30");
-    EXPECT_EQ(List::GetSimpleItemValue(both, x), 1);
-    EXPECT_FALSE(List::SetSimpleItemValue(both, x, 2) || List::SetSimpleItemValue(both, x, -1));
-    EXPECT_FALSE(List::SetSimpleItemValue(both, alone, 0) || List::SetSimpleItemValue(both, nullptr, 0));
-    EXPECT_TRUE(List::SetItemValue(both, alone, KM_TEXT("7")) && first.GetItemValue(alone) == KM_TEXT("7"));
-    EXPECT_TRUE(second.SetItemValue(x, KM_TEXT("50")) && List::GetSimpleItemValue(both, x) == -1);
-    EXPECT_TRUE(List::IsReadOnly(both, b) && !List::IsReadOnly(both, x));
-    EXPECT_EQ(valid(swapped, alone, KM_TEXT("1")), "0 kept");
-    EXPECT_EQ(valid(both, b, KM_TEXT("8")), "1 kept");
-    EXPECT_EQ(valid(both, b, KM_TEXT("-8")), "0 Please input a valid value large than zero!");
-    EXPECT_EQ(show(both, zoom, KM_TEXT("0x3")), "r") << "positions count from one";
-    EXPECT_EQ(show(both, zoom, KM_TEXT("0")) + show(swapped, zoom, KM_TEXT("2")), "");
-    EXPECT_EQ(show(both, b, KM_TEXT("1")) + show(one, b, KM_TEXT("1")), "D");
-    EXPECT_EQ(show(one, x, KM_TEXT("auto")) + show(one, x, nullptr), "");
-    EXPECT_TRUE(valid(none, b, KM_TEXT("?")) == "1 kept" && List::SetItemValue(none, b, KM_TEXT("1")));
-    EXPECT_TRUE(List::GetItemValue(none, b).empty() && List::GetSimpleItems(none).empty());
-    EXPECT_EQ(show(none, zoom, KM_TEXT("1")), "");
-    EXPECT_TRUE(!List::SetSimpleItemValue(none, b, 0) && List::GetSimpleItemValue(none, b) == -1);
+};
+
+TEST_F(ProfileList, CommonItemsKeepTheTextsThatAllOffer) {
+    EXPECT_EQ(Shown(List::GetSimpleItems(both), true), "rate 3|A|C;Zoom 1|p;");
+    EXPECT_EQ(Shown(List::GetAdvanceItems(both), false), "rate 3|A|C;b 1;Zoom 1|p;");
+}
+
+TEST_F(ProfileList, CommonValueIsSpelledAsInTheFirst) {
+    EXPECT_EQ(Utf8(List::GetItemValue(both, kRate)), "Auto");
+    EXPECT_EQ(Utf8(List::GetItemValue(both, kAlone)), "") << "the second profile lacks the item";
+    second.SetItemValue(kRate, KM_TEXT("50"));
+    EXPECT_EQ(Utf8(List::GetItemValue(both, kRate)), "") << "the values differ";
+}
+
+TEST_F(ProfileList, SettingAValuePassesOverProfilesWithoutTheItem) {
+    EXPECT_TRUE(List::SetItemValue(both, kAlone, KM_TEXT("7")));
+    EXPECT_EQ(Utf8(first.GetItemValue(kAlone)), "7");
+    EXPECT_EQ(second.GetProfileItem(kAlone), nullptr);
+}
+
+TEST_F(ProfileList, SettingAPositionGoesByTheCommonText) {
+    EXPECT_TRUE(List::SetSimpleItemValue(both, kRate, 1));
+    EXPECT_EQ(Utf8(first.GetItemValue(kRate)), "3");
+    EXPECT_EQ(Utf8(second.GetItemValue(kRate)), "30");
+}
+
+TEST_F(ProfileList, PositionOrItemThatIsNotThereCannotBeSet) {
+    EXPECT_FALSE(List::SetSimpleItemValue(both, kRate, 2)) << "the first profile has three texts";
+    EXPECT_FALSE(List::SetSimpleItemValue(both, kRate, -1));
+    EXPECT_FALSE(List::SetSimpleItemValue(both, kAlone, 0));
+    EXPECT_FALSE(List::SetSimpleItemValue(both, nullptr, 0));
+    EXPECT_EQ(Utf8(first.GetItemValue(kRate)), "Auto");
+}
+
+TEST_F(ProfileList, CommonPositionIsThatOfTheSharedText) {
+    EXPECT_EQ(List::GetSimpleItemValue(both, kRate), 0);
+    second.SetItemValue(kRate, KM_TEXT("30"));
+    EXPECT_EQ(List::GetSimpleItemValue(both, kRate), -1) << "A and C";
+    first.SetItemValue(kRate, KM_TEXT("3"));
+    EXPECT_EQ(List::GetSimpleItemValue(both, kRate), 1) << "C and C";
+    second.SetItemValue(kRate, KM_TEXT("50"));
+    EXPECT_EQ(List::GetSimpleItemValue(both, kRate), -1) << "C and D, which is no common text";
+}
+
+TEST_F(ProfileList, ReadOnlyIsWhatOneAdvancedViewSays) {
+    second.GetProfileItem(kB)->SetAdvReadOnly(true);
+    second.GetProfileItem(kRate)->SetSimpleReadOnly(true);
+    EXPECT_TRUE(List::IsReadOnly(both, kB));
+    EXPECT_FALSE(List::IsReadOnly(both, kRate)) << "said by the simple view";
+}
+
+TEST_F(ProfileList, ValueIsCheckedWhereEveryProfileHasTheItem) {
+    kmString message = KM_TEXT("kept");
+    EXPECT_FALSE(List::IsValidValue(message, swapped, kAlone, KM_TEXT("1"))) << "the first lacks the item";
+    EXPECT_TRUE(List::IsValidValue(message, both, kB, KM_TEXT("8")));
+    EXPECT_EQ(Utf8(message), "kept");
+    EXPECT_FALSE(List::IsValidValue(message, both, kB, KM_TEXT("-8")));
+    EXPECT_EQ(Utf8(message), "Please input a valid value large than zero!");
+}
+
+TEST_F(ProfileList, DisplayTextIsThatOfAll) {
+    // clang-format off
+    const struct {
+        const char* fault; const Selection& selection; const kmChar *id, *value; const char* expected;
+    } rows[] = {
+        {"zoom_counts_from_zero_or_asks_all", both,    kZoom, KM_TEXT("0x3"),  "r"},
+        {"zoom_zero_has_a_text",              both,    kZoom, KM_TEXT("0"),    ""},
+        {"zoom_read_beyond_the_first_list",   swapped, kZoom, KM_TEXT("2"),    ""},
+        {"texts_that_differ_shown",           both,    kB,    KM_TEXT("1"),    ""},
+        {"text_of_one_profile_lost",          one,     kB,    KM_TEXT("1"),    "D"},
+        {"value_found_in_any_case",           one,     kRate, KM_TEXT("auto"), ""},
+        {"null_value_read",                   one,     kRate, nullptr,         ""}};
+    // clang-format on
+    for (const auto& row : rows)
+        EXPECT_EQ(Utf8(List::GetDisplayValue(row.selection, row.id, row.value)), row.expected)
+            << row.fault << ", given " << Utf8(row.id) << "=" << Utf8(row.value);
+}
+
+TEST_F(ProfileList, EmptySelectionHasNothingToSay) {
+    kmString message;
+    EXPECT_TRUE(List::IsValidValue(message, none, kB, KM_TEXT("?")));
+    EXPECT_TRUE(List::SetItemValue(none, kB, KM_TEXT("1")));
+    EXPECT_EQ(Utf8(List::GetItemValue(none, kB)), "");
+    EXPECT_TRUE(List::GetSimpleItems(none).empty());
+    EXPECT_EQ(Utf8(List::GetDisplayValue(none, kZoom, KM_TEXT("1"))), "");
+    EXPECT_FALSE(List::SetSimpleItemValue(none, kB, 0));
+    EXPECT_EQ(List::GetSimpleItemValue(none, kB), -1);
 }
 
 }  // namespace

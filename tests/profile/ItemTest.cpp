@@ -4,38 +4,34 @@
 #include "kmProfileItem.h"
 #include "tests/support/Text.h"
 
-namespace {
-
-kmProfileItem Item(const char* id, const char* value, const char* values, const char* display) {
-    kmProfileItem item;
-    item.SetID(TextFromBytes(id));
-    item.SetValue(TextFromBytes(value));
-    item.SetSimpleName(KM_TEXT("Shown"));
-    item.GetSimpleCandidatesValue() = Pieces(values);
-    item.GetSimpleCandidatesDisplay() = Pieces(display);
-    return item;
-}
-
-TEST(ItemTest, PositionOfTheValue) {
-    constexpr const char* rates = "320|256|192|128|96|64";
-    constexpr const char* codecs = "mpeg4|xvid|xvid|h264";
+TEST(ProfileItem, PositionOfTheValue) {
+    constexpr const char *kRates = "320|256|192|128|96|64", *kCodecs = "mpeg4|xvid|xvid|h264",
+                         *kQualities = "Low|Normal|High";
     // clang-format off
-    const struct { const char *id, *value, *values, *display; int expected; } rows[] = {
-        {"ab", "250", rates, "", 2}, {"b", "1000", rates, "", 0}, {"b", "fast", rates, "", 5},
-        {"b", " 128k", rates, "", 3}, {"b", "128.9", "128.95|128.5|1", "", 1},
-        {"ab", "Auto", "320|256|192|128|96", "", 2}, {"b", "  aUTO ", rates, "", 3},
-        {"b", "\tAuto", rates, "", 5}, {"B", "200", rates, "", 2}, {"ab", "Auto", "", "", 0},
-        {"ab", "128", "", "", -1}, {"ab", "-1", "Auto|128", "", 1},
-        {"pq", "1", "1|2|3", "Low|Normal|High", 2}, {"PQ", "Normal", "1|2|3", "Low|Normal|High", 1},
-        {"pq", "1", "1|2", "Low|Normal|High", 0}, {"vcodec", "xvid", codecs, "", 1},
-        {"vcodec", "MPEG4", codecs, "", 3}, {"vcodec", "xvid", "", "", -1}};
+    const struct { const char *fault, *id, *value, *values, *display; int expected; } rows[] = {
+        {"value_that_is_no_number_not_last",    "b",  "fast",    kRates, "", 5},
+        {"space_in_front_or_unit_misread",      "b",  " 128k",   kRates, "", 3},
+        {"fractions_cut_off",                   "b",  "128.9",   "128.95|128.5|1", "", 1},
+        {"candidate_that_is_no_number_skipped", "ab", "64",      "Auto|128", "", 0},
+        {"larger_candidate_or_exact_id",        "B",  "250",     kRates, "", 2},
+        {"auto_not_trimmed_or_middle_rounded_up", "b", "  aUTO ", "320|256|192|128|96", "", 2},
+        {"auto_trimmed_of_more_than_spaces",    "b",  "\tAuto",  kRates, "", 5},
+        {"quality_looked_up_by_value",          "pq", "1",       "1|2|3", kQualities, 2},
+        {"quality_in_capitals_not_known",       "PQ", "Normal",  "1|2|3", kQualities, 1},
+        {"quality_looked_up_in_longer_list",    "pq", "1",       "1|2",   kQualities, 0},
+        {"last_of_equal_candidates_chosen",     "vcodec", "xvid",  kCodecs, "", 1},
+        {"candidates_compared_in_any_case",     "vcodec", "MPEG4", kCodecs, "", 3},
+        {"position_in_an_empty_list",           "vcodec", "xvid",  "", "", -1}};
     // clang-format on
     for (const auto& row : rows) {
-        kmProfileItem item = Item(row.id, row.value, row.values, row.display);
-        EXPECT_EQ(item.GetSimpleItemIndex(), row.expected) << row.id << row.value;
-        item.SetSimpleName({});
-        EXPECT_EQ(item.GetSimpleItemIndex(), -1) << row.id << row.value << ", without a simple name";
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.id << "=" << row.value);
+        kmProfileItem item;
+        item.SetID(Text(row.id));
+        item.SetValue(Text(row.value));
+        item.GetSimpleCandidatesValue() = Pieces(row.values);
+        item.GetSimpleCandidatesDisplay() = Pieces(row.display);
+        EXPECT_EQ(item.GetSimpleItemIndex(), -1) << "without a simple name";
+        item.SetSimpleName(KM_TEXT("Shown"));
+        EXPECT_EQ(item.GetSimpleItemIndex(), row.expected);
     }
 }
-
-}  // namespace

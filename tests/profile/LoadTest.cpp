@@ -1,116 +1,150 @@
 // From a file to a profile: where it is looked for, what is kept, what items become.
 #include <gtest/gtest.h>
 
+#include "document/DefaultFolder.h"
 #include "kmProfile.h"
 #include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
-#include "document/DefaultFolder.h"
+#include "tests/support/ProfilesFolder.h"
 
 namespace {
 
-// An item on one line: value, then of each view priority, name, group, read-only, has candidates, the lists.
-std::string View(const kmProfileItem& item) {
-    return Utf8(item.GetID()) + "=" + Utf8(item.GetValue()) + " " + std::to_string(item.GetAdvPriority()) +
-           Utf8(item.GetAdvName()) + Utf8(item.GetAdvGroup()) + (item.GetAdvReadOnly() ? " fixed" : "") +
-           (item.GetAdvHasCandidates() ? " chosen" : "") + Joined(item.GetAdvCandidatesDisplay()) +
-           Joined(item.GetAdvCandidatesValue()) + " " + std::to_string(item.GetSimplePriority()) +
-           Utf8(item.GetSimpleName()) + (item.GetSimpleReadOnly() ? " fixed" : "") +
-           (item.GetSimpleHasCandidates() ? " chosen" : "") + Joined(item.GetSimpleCandidatesDisplay()) +
-           Joined(item.GetSimpleCandidatesValue());
+std::string View(int priority, const kmString& texts, bool isFixed, bool isChosen,
+                 const std::vector<kmString>& display, const std::vector<kmString>& values) {
+    return " " + std::to_string(priority) + (texts.empty() ? "" : " ") + Utf8(texts) +
+           (isFixed ? " fixed" : "") + (isChosen ? " chosen" : "") + Joined(display) + Joined(values);
 }
 
-class LoadTest : public testing::Test {
-protected:
-    bool Load(const kmChar* id) {
-        m_profile.SetID(id);
-        return m_profile.Load(m_folder.Path());
-    }
+// "id='value'", then what the advanced and the simple view show.
+std::string Described(const kmProfileItem& item) {
+    return Utf8(item.GetID()) + "='" + Utf8(item.GetValue()) + "'" +
+           View(item.GetAdvPriority(), item.GetAdvName() + item.GetAdvGroup(), item.GetAdvReadOnly(),
+                item.GetAdvHasCandidates(), item.GetAdvCandidatesDisplay(), item.GetAdvCandidatesValue()) +
+           View(item.GetSimplePriority(), item.GetSimpleName(), item.GetSimpleReadOnly(),
+                item.GetSimpleHasCandidates(), item.GetSimpleCandidatesDisplay(),
+                item.GetSimpleCandidatesValue());
+}
 
-    bool LoadText(std::string_view text) {
-        m_folder.WriteBytes(KM_TEXT("P.pf"), text);
-        return Load(KM_TEXT("P"));
-    }
+using Strings = std::vector<std::string>;
 
+struct Loading : testing::Test {
+    bool Load(const char* id) {
+        profile.SetID(Text(id));
+        return profile.Load(folder.Path());
+    }
+    bool LoadText(const std::string& text) {
+        folder.AddProfile("P", text);
+        return Load("P");
+    }
     std::string Header() const {
-        return Utf8(m_profile.GetSName()) + "," + Utf8(m_profile.GetFormat()) + "," +
-               Utf8(m_profile.GetExtName()) + (m_profile.IsSystem() ? ",system" : "");
+        return Utf8(profile.GetSName()) + ", " + Utf8(profile.GetFormat()) + ", " +
+               Utf8(profile.GetExtName()) + (profile.IsSystem() ? ", system" : "");
     }
 
-    TemporaryFolder m_folder;
-    CapturedMessages m_messages;
-    kmProfile m_profile;
+    const ProfilesFolder folder;
+    CapturedMessages messages;
+    kmProfile profile;
 };
 
-constexpr const char* kBroad = R"(<?xml version="1.0"?>
+constexpr const char* kPhone = R"(<?xml version="1.0"?>
 <PROFILES><Other/><main><Other>x</Other><NAME language="Shown"/><SNAME> Short </SNAME><SName>second</SName>
-<format>mp4</format><extname>m4v</extname><issysprofile>Yes</issysprofile></main><Main><Format>avi</Format></Main>
-<!-- the settings --><parameter><vcodec value=" MPEG4 " ADVPRIORITY="0x10" advname="Codec" advGroup="Video &amp; more"
- AdvReadOnly="TRUE" advHasCandidates="yes" advCandidatesDisplay="MPEG-4, H.264 " advCandidatesValue="mpeg4,,h264,"
- Value="later" unknown="1"><b Value="nested"/></vcodec>
-<AB Value="" advPriority="010" simplePriority="-7" simpleName="Sound" simpleReadonly="yes" simpleHasCandidates="True"
- simpleCandidatesDiaplay="High,Low" simpleCandidatesValue="64, 128 ," simpleCandidatesDisplay="ignored"/>
-<s advReadOnly="1" simpleReadonly="no" advHasCandidates="" advPriority="abc" simplePriority="99999999999"
- advCandidatesValue=""/><B/><nonsense/><ar/><vcodec Value="second"/></parameter>
+<format>mp4</format><extname>m4v</extname><issysprofile>Yes</issysprofile></main>
+<Main><Format>avi</Format></Main><!-- the settings -->
+<parameter><vcodec Value="first"/><!-- again --><vcodec Value="second"/></parameter>
 <Parameter><g Value="1"/></Parameter></PROFILES>)";
 
-TEST_F(LoadTest, BroadDocument) {
-    ASSERT_TRUE(LoadText(kBroad));
-    EXPECT_EQ(Header() + std::to_string(m_messages.All().size()), "Short,mp4,m4v,system0");
-    std::vector<std::string> views;
-    for (const kmProfileItem& item : m_profile.GetProfileItems()) views.push_back(View(item));
-    // clang-format off
-    EXPECT_EQ(views, std::vector<std::string>({
-        "vcodec= MPEG4  16CodecVideo & more fixed chosen|MPEG-4|H.264|mpeg4||h264| 0",
-        "AB= 8 -7Sound fixed chosen|High|Low|64|128|", "s=Auto 0| 2147483647", "B=Auto 0 0",
-        "nonsense= 0 0", "ar= 0 0", "vcodec=second 0 0"}));
-    // clang-format on
-    EXPECT_EQ(m_profile.GetProfileItem(KM_TEXT("vcodec")), &m_profile.GetProfileItems()[0]);
-    EXPECT_TRUE(!m_profile.GetProfileItem(KM_TEXT("VCODEC")) && !m_profile.GetChangedFlag());
+constexpr const char* kPhoneHeader = "Short, mp4, m4v, system";
+
+TEST_F(Loading, FirstElementsOfAnySpellingCount) {
+    ASSERT_TRUE(LoadText(kPhone));
+    EXPECT_EQ(Header(), kPhoneHeader);
+    ASSERT_EQ(profile.GetProfileItems().size(), 2u);
+    EXPECT_EQ(profile.GetProfileItem(KM_TEXT("vcodec")), &profile.GetProfileItems()[0]);
+    EXPECT_EQ(profile.GetProfileItem(KM_TEXT("VCODEC")), nullptr);
+    EXPECT_FALSE(profile.GetChangedFlag());
+    EXPECT_EQ(messages.Paths(), Strings{});
 }
 
-TEST_F(LoadTest, LaterLoadsReplaceTheItemsAndKeepWhatTheFileLacks) {
-    constexpr const char* kept = "Short,mp4,m4v,system";
-    // Messages: one for each of the two files that could not be used.
+TEST_F(Loading, ElementsBecomeItems) {
     // clang-format off
-    const struct { const char *text, *header; std::size_t messages; } rows[] = {
-        {"<Profiles><Main><Format/><SName>New</SName></Main></Profiles>", "New,mp4,m4v", 0},
-        {"<Profiles><Parameter><b/></Parameter></Profiles>", kept, 0},
-        {"<Presets><Main/></Presets>", kept, 2}, {"<Profiles><Main></Wrong></Profiles>", kept, 2},
-        {"", kept, 2}};
+    const struct { const char *fault, *element, *expected; } rows[] = {
+        {"value_trimmed",                 "<vcodec Value=' MPEG4 '/>",               "vcodec=' MPEG4 ' 0 0"},
+        {"other_attribute_or_child_read", "<g value='1' Value='2' x='3'><b Value='4'/></g>", "g='1' 0 0"},
+        {"empty_value_replaced",          "<AB Value=''/>",                          "AB='' 0 0"},
+        {"default_not_found_in_any_case", "<B/>",                                    "B='Auto' 0 0"},
+        {"default_made_up",               "<ar/>",                                   "ar='' 0 0"},
+        {"texts_or_hexadecimal_lost",     "<x ADVPRIORITY='0x10' advname='N' advGroup='G'/>", "x='' 16 NG 0"},
+        {"read_only_lost_or_1_is_true",   "<x AdvReadOnly='TRUE' advHasCandidates='1'/>", "x='' 0 fixed 0"},
+        {"choice_lost_or_no_is_true",     "<x advReadOnly='no' advHasCandidates='yes'/>", "x='' 0 chosen 0"},
+        {"display_texts_not_trimmed",     "<x advCandidatesDisplay='A b, C '/>",     "x='' 0|A b|C 0"},
+        {"empty_candidates_dropped",      "<x advCandidatesValue='a,,b,'/>",         "x='' 0|a||b| 0"},
+        {"empty_list_dropped",            "<x advCandidatesValue=''/>",              "x='' 0| 0"},
+        {"simple_name_or_priority_lost",  "<x simplePriority='-7' simpleName='N'/>", "x='' 0 -7 N"},
+        {"simple_read_only_lost",         "<x simpleReadonly='yes'/>",               "x='' 0 0 fixed"},
+        {"simple_choice_lost",            "<x simpleHasCandidates='True'/>",         "x='' 0 0 chosen"},
+        {"simple_texts_lost",             "<x simpleCandidatesDiaplay='A,B'/>",      "x='' 0 0|A|B"},
+        {"simple_texts_spelled_right",    "<x simpleCandidatesDisplay='A'/>",        "x='' 0 0"},
+        {"simple_candidates_lost",        "<x simpleCandidatesValue='64, 128'/>",    "x='' 0 0|64|128"}};
     // clang-format on
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.text);
-        ASSERT_TRUE(LoadText(kBroad));
-        m_profile.SetChangedFlag(true);
-        const CapturedMessages messages;
-        EXPECT_EQ(LoadText(row.text), row.header != kept);
-        EXPECT_TRUE(m_profile.GetProfileItems().empty() && m_profile.GetChangedFlag());
-        EXPECT_EQ(Header(), row.header);
-        EXPECT_EQ(messages.All().size(), row.messages);
+        ASSERT_TRUE(LoadText(UserProfile("<Parameter>" + std::string(row.element) + "</Parameter>")));
+        ASSERT_EQ(profile.GetProfileItems().size(), 1u) << row.element;
+        EXPECT_EQ(Described(profile.GetProfileItems()[0]), row.expected) << row.fault << ": " << row.element;
     }
 }
 
-TEST_F(LoadTest, UserFolderIsTheSecondPlace) {
-    m_folder.WriteBytes(KM_TEXT("user\\Mine.pf"), "<Profiles><Main><SName>user's</SName></Main></Profiles>");
-    EXPECT_TRUE(Load(KM_TEXT("Mine")) && Utf8(m_profile.GetSName()) == "user's");
-    ASSERT_EQ(m_messages.All().size(), 1u);
-    EXPECT_EQ(m_messages.All()[0].path, Utf8(m_folder.Path(KM_TEXT("Mine.pf"))));
-
-    m_folder.WriteBytes(KM_TEXT("Mine.pf"), "<Profiles><Main><SName>first</SName></Main></Profiles>");
-    kmString folder = m_folder.Path();
-    folder.pop_back();
-    std::replace(folder.begin(), folder.end(), KM_TEXT('\\'), KM_TEXT('/'));
-    EXPECT_TRUE(m_profile.Load(folder) && Utf8(m_profile.GetSName()) == "first") << "other separators";
-    EXPECT_FALSE(Load(KM_TEXT("")));
-    EXPECT_EQ(m_messages.All().back().path, Utf8(m_folder.Path(KM_TEXT("user\\.pf"))));
+TEST_F(Loading, NextLoadReplacesTheItemsAndKeepsWhatTheFileLacks) {
+    constexpr const char* kNewName = "<Profiles><Main><Format/><SName>New</SName></Main></Profiles>";
+    // Of a file that could not be used two places are told.
+    // clang-format off
+    const struct { const char *fault, *text, *header; std::size_t messages; } rows[] = {
+        {"mark_kept_or_texts_lost",    kNewName, "New, mp4, m4v", 0},
+        {"file_without_header_loaded", "<Profiles><Parameter><b/></Parameter></Profiles>", kPhoneHeader, 0},
+        {"other_document_loaded",      "<Presets><Main/></Presets>",          kPhoneHeader, 2},
+        {"broken_file_loaded",         "<Profiles><Main></Wrong></Profiles>", kPhoneHeader, 2}};
+    // clang-format on
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.fault + (", given " + std::string(row.text)));
+        ASSERT_TRUE(LoadText(kPhone));
+        profile.SetChangedFlag(true);
+        const std::size_t before = messages.All().size();
+        EXPECT_EQ(LoadText(row.text), row.header != kPhoneHeader);
+        EXPECT_EQ(profile.GetProfileItems().size(), 0u);
+        EXPECT_TRUE(profile.GetChangedFlag());
+        EXPECT_EQ(Header(), row.header);
+        EXPECT_EQ(messages.All().size() - before, row.messages);
+    }
 }
 
-TEST_F(LoadTest, ReloadLooksInTheDefaultFolderAlone) {
-    ASSERT_TRUE(LoadText(kBroad));
-    EXPECT_TRUE(!m_profile.Reload() && m_profile.GetProfileItems().empty());
-    ASSERT_EQ(m_messages.All().size(), 2u);
-    EXPECT_EQ(m_messages.All()[0].path, Utf8(GetExeFolder() + KM_TEXT("Profiles\\P.pf")));
-    EXPECT_EQ(m_messages.All()[1].path, Utf8(GetExeFolder() + KM_TEXT("Profiles\\user\\P.pf")));
+TEST_F(Loading, UserFolderIsTheSecondPlace) {
+    folder.AddProfile("user\\P", "<Profiles><Main><SName>user's</SName></Main></Profiles>");
+    EXPECT_TRUE(Load("P"));
+    EXPECT_EQ(Utf8(profile.GetSName()), "user's");
+    EXPECT_EQ(messages.Paths(), Strings{Utf8(folder.Path(KM_TEXT("P.pf")))});
+    folder.AddProfile("P", "<Profiles><Main><SName>first</SName></Main></Profiles>");
+    EXPECT_TRUE(Load("P"));
+    EXPECT_EQ(Utf8(profile.GetSName()), "first");
+}
+
+TEST_F(Loading, FolderMayHaveOtherSeparatorsAndNoneAtTheEnd) {
+    ASSERT_TRUE(LoadText(kPhone));
+    kmString path = folder.Path();
+    path.pop_back();
+    std::replace(path.begin(), path.end(), KM_TEXT('\\'), KM_TEXT('/'));
+    EXPECT_TRUE(profile.Load(path)) << Utf8(path);
+}
+
+TEST_F(Loading, MissingFileIsLookedForInBothPlaces) {
+    EXPECT_FALSE(Load(""));
+    const Strings expected = {Utf8(folder.Path(KM_TEXT(".pf"))), Utf8(folder.Path(KM_TEXT("user\\.pf")))};
+    EXPECT_EQ(messages.Paths(), expected);
+}
+
+TEST_F(Loading, ReloadLooksInTheDefaultFolderAlone) {
+    ASSERT_TRUE(LoadText(kPhone));
+    EXPECT_FALSE(profile.Reload());
+    EXPECT_EQ(profile.GetProfileItems().size(), 0u);
+    const std::string base = Utf8(GetExeFolder()) + "Profiles\\";
+    EXPECT_EQ(messages.Paths(), (Strings{base + "P.pf", base + "user\\P.pf"}));
 }
 
 }  // namespace

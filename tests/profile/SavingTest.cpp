@@ -1,121 +1,165 @@
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "kmIconParser.h"
 #include "kmManager.h"
 #include "kmProfile.h"
 #include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/ProfilesFolder.h"
 #include "tests/support/TreeDump.h"
 
 namespace {
 
-// The system profile Sys, shown as "Shown", and the user profiles Mine, with an icon, and Other.
-struct SavingTest : testing::Test {
-    // clang-format off
-    SavingTest() {
+// The catalogue holds the system profile Sys, shown as "Shown", and the user profiles Mine, with an icon, and
+// Other.
+struct Saving : testing::Test {
+    Saving() {
         folder.WriteBytes(KM_TEXT("pficon.con"),
                           "<items><profiles><i id='Mine' image='m' index='3'/></profiles></items>");
-        folder.WriteBytes(KM_TEXT("Sys.pf"), "<Profiles><Main><Name language='^Shown'/><Desc language='d'/>"
+        folder.AddProfile("Sys",
+                          "<Profiles><Main><Name language='^Shown'/><Desc language='d'/>"
                           "<IsSysProfile>yes</IsSysProfile></Main></Profiles>");
-        folder.WriteBytes(KM_TEXT("user\\Mine.pf"),
+        folder.AddProfile("user\\Mine",
                           "<Profiles x='1'><!--c--><Main><Name language='Own'/></Main><Extra/></Profiles>");
-        folder.WriteBytes(KM_TEXT("user\\Other.pf"), "<Profiles><Main/></Profiles>");
+        folder.AddProfile("user\\Other", UserProfile());
         manager.Load(folder.Path());
     }
-    // clang-format on
-    kmProfile Load(const kmString& id) const {
+    kmProfile Load(const char* id) const {
         kmProfile profile;
-        profile.SetID(id);
-        EXPECT_TRUE(profile.Load(folder.Path())) << Utf8(id);
+        profile.SetID(Text(id));
+        EXPECT_TRUE(profile.Load(folder.Path())) << id;
         return profile;
     }
-    // The catalogue's IDs, then every file of the user with its bytes.
-    std::string State() const {
-        std::vector<std::string> files;
+    std::string Catalogue() const { return Records(manager.GetProfiles()); }
+    std::string Saved(const char* id) const {
+        const kmString path = folder.Path(KM_TEXT("user\\") + Text(id) + KM_TEXT(".pf"));
+        return Dump(XMLNode::OpenDocument(path.c_str(), KM_TEXT("Profiles")));
+    }
+    // The user's files by name.
+    std::map<std::string, std::string> Files() const {
+        std::map<std::string, std::string> files;
         for (const auto& entry : std::filesystem::directory_iterator(folder.SystemPath(KM_TEXT("user"))))
-            files.push_back("\n" + entry.path().filename().string() + ":" + ReadBytes(entry.path()));
-        std::sort(files.begin(), files.end());
-        std::string text;
-        for (const kmProfileInfo& info : manager.GetProfiles()) text += Utf8(info.GetID()) + " ";
-        for (const std::string& file : files) text += file;
-        return text;
+            files[entry.path().filename().string()] = is_directory(entry) ? "" : ReadText(entry.path());
+        return files;
     }
 
-    TemporaryFolder folder;
-    CapturedMessages messages;
+    const ProfilesFolder folder;
+    const CapturedMessages messages;
     kmManager& manager = kmManager::GetInstance();
 };
 
-TEST_F(SavingTest, RefusalsTouchNothing) {
-    folder.WriteBytes(KM_TEXT("user\\Stray.pf"), "not catalogued");
+enum Operation { kSave, kOverwrite, kRename };
+
+TEST_F(Saving, RefusalsTouchNothing) {
+    folder.AddProfile("user\\Stray", "not catalogued");
     // clang-format off
-    enum Operation { kSave, kOverwrite, kRename };
-    struct Row { const char *profile; Operation operation; const char* newID; int expected; };
-    std::vector<Row> rows = {
-        {"Sys", kOverwrite, "Sys", 1}, {"Mine", kOverwrite, "shown", 1}, {"Mine", kOverwrite, "SYS", 1},
-        {"Mine", kSave, "Other", 2}, {"Mine", kSave, "MINE", 2}, {"Sys", kSave, "mine", 2},
-        {"Sys", kRename, "New", 1}, {"Mine", kRename, "Shown", 1}, {"Mine", kRename, "mINE", 2},
-        {"Mine", kRename, "stray", 3}};
+    const struct { const char *fault, *profile; Operation act; const char* newID; int expected; } rows[] = {
+        {"system_profile_overwritten",        "Sys",  kOverwrite, "Sys",   PROFILE_ERROR_SYSTEM},
+        {"name_of_a_system_profile_taken",    "Mine", kOverwrite, "shown", PROFILE_ERROR_SYSTEM},
+        {"id_of_a_system_profile_taken",      "Mine", kOverwrite, "SYS",   PROFILE_ERROR_SYSTEM},
+        {"own_id_in_other_case_overwritten",  "Mine", kSave,      "MINE",  PROFILE_ERROR_EXIST},
+        {"copy_overwrites_unasked",           "Sys",  kSave,      "mine",  PROFILE_ERROR_EXIST},
+        {"system_profile_renamed",            "Sys",  kRename,    "New",   PROFILE_ERROR_SYSTEM},
+        {"renamed_to_a_system_profile",       "Mine", kRename,    "Shown", PROFILE_ERROR_SYSTEM},
+        {"renamed_to_itself",                 "Mine", kRename,    "mINE",  PROFILE_ERROR_EXIST},
+        {"file_without_a_record_replaced",    "Mine", kRename,    "stray", PROFILE_ERROR_FILE}};
     // clang-format on
-    for (const char* id : {"", "..", "..\\x", "../x", "C:x", "a*", "a?", "a\"b", "a<", "a>", "a|b", "a\tb",
-                           "con", "NUL.x", "aux .y", "com1", "LPT9", "COM\u00B9", "conin$"}) {
-        rows.push_back({"Sys", kOverwrite, id, 3});
-        rows.push_back({"Mine", kRename, id, 3});
-    }
-    const std::string before = State();
-    for (const Row& row : rows) {
-        SCOPED_TRACE(std::string(row.profile) + " " + row.newID);
-        const kmString newID = Text(row.newID);
-        kmProfile profile = Load(TextFromBytes(row.profile));
-        EXPECT_EQ(row.operation == kRename ? profile.ReName(newID)
-                                           : profile.Save(newID, row.operation == kOverwrite),
+    const std::string catalogue = Catalogue();
+    const auto files = Files();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.profile << " to " << row.newID);
+        kmProfile profile = Load(row.profile);
+        EXPECT_EQ(row.act == kRename ? profile.ReName(Text(row.newID))
+                                     : profile.Save(Text(row.newID), row.act == kOverwrite),
                   row.expected);
-        EXPECT_EQ(Utf8(profile.GetID()) + State(), row.profile + before);
+        EXPECT_EQ(Utf8(profile.GetID()), row.profile);
+        EXPECT_EQ(Catalogue(), catalogue);
+        EXPECT_EQ(Files(), files);
     }
-    folder.MakeFolder(KM_TEXT("user\\Folder.pf"));
-    EXPECT_EQ(Load(KM_TEXT("Sys")).Save(KM_TEXT("Folder"), true), 3) << "what cannot be written";
-    EXPECT_TRUE(kmProfile().Save(KM_TEXT("New"), true) == 3 && kmProfile().ReName(KM_TEXT("New")) == 3);
-    EXPECT_EQ(kmProfile().ReName(KM_TEXT("Mine")), 2) << "comes before that it was never loaded";
 }
 
-TEST_F(SavingTest, CopyOfASystemProfileIsTheUsers) {
-    std::filesystem::remove_all(folder.SystemPath(KM_TEXT("user")));
-    kmProfile profile = Load(KM_TEXT("Sys"));
-    for (const kmString& id : Pieces("ab|r|AB")) {
-        kmProfileItem& item = profile.GetProfileItems().emplace_back();
-        item.SetID(id);
-        item.SetAdvPriority(static_cast<int>(profile.GetProfileItems().size()) - 3);
-        item.GetSimpleCandidatesValue().resize(profile.GetProfileItems().size() == 2 ? 3 : 1);
+TEST_F(Saving, IDsThatCannotNameAFileAreRefused) {
+    // clang-format off
+    const struct { const char* fault; std::vector<const char*> newIDs; } rows[] = {
+        {"file_without_a_name_made",     {""}},
+        {"file_of_another_folder_made",  {"..", "..\\x", "../x", "C:x"}},
+        {"forbidden_character_accepted", {"a*", "a?", "a\"b", "a<", "a>", "a|b", "a\tb"}},
+        {"device_written",               {"con", "NUL.x", "aux .y", "com1", "LPT9", "COM\u00B9", "conin$"}}};
+    // clang-format on
+    const auto files = Files();
+    for (const auto& row : rows) {
+        for (const char* newID : row.newIDs) {
+            SCOPED_TRACE(testing::Message() << row.fault << ", given '" << newID << "'");
+            EXPECT_EQ(Load("Sys").Save(Text(newID), true), PROFILE_ERROR_FILE);
+            EXPECT_EQ(Load("Mine").ReName(Text(newID)), PROFILE_ERROR_FILE);
+            EXPECT_EQ(Files(), files);
+        }
     }
+}
+
+TEST_F(Saving, FolderInTheFilesPlaceIsAFileError) {
+    folder.MakeFolder(KM_TEXT("user\\Folder.pf"));
+    EXPECT_EQ(Load("Sys").Save(KM_TEXT("Folder"), true), PROFILE_ERROR_FILE);
+}
+
+TEST_F(Saving, ProfileThatWasNeverLoadedHasNoFile) {
+    EXPECT_EQ(kmProfile().Save(KM_TEXT("New"), true), PROFILE_ERROR_FILE);
+    EXPECT_EQ(kmProfile().ReName(KM_TEXT("New")), PROFILE_ERROR_FILE);
+    EXPECT_EQ(kmProfile().ReName(KM_TEXT("Mine")), PROFILE_ERROR_EXIST) << "the ID is looked at first";
+}
+
+TEST_F(Saving, CopyOfASystemProfileIsTheUsers) {
+    std::filesystem::remove_all(folder.SystemPath(KM_TEXT("user")));
+    kmProfile profile = Load("Sys");
     ASSERT_EQ(profile.Save(KM_TEXT("com0"), false), PROFILE_ERROR_NONE) << "nearly a device";
-    EXPECT_EQ(Dump(XMLNode::OpenDocument(folder.Path(KM_TEXT("user\\com0.pf")).c_str(), KM_TEXT("Profiles"))),
-              "Profiles(Main(Name[language=com0] Desc[language=d] SName Format ExtName) Parameter("
-              "ab[simpleCandidatesValue=] r[advPriority=-1 simpleCandidatesValue=,,]))");
-    EXPECT_TRUE(profile.GetID() == KM_TEXT("Sys") && profile.IsSystem()) << "the object changed";
+    EXPECT_EQ(Saved("com0"),
+              "Profiles(Main(Name[language=com0] Desc[language=d] SName Format ExtName) Parameter)");
+    EXPECT_EQ(Utf8(profile.GetID()), "Sys");
+    EXPECT_TRUE(profile.IsSystem());
+    ASSERT_NE(manager.GetProfileInfo(KM_TEXT("COM0")), nullptr);
     EXPECT_FALSE(manager.GetProfileInfo(KM_TEXT("COM0"))->IsSystem());
 }
 
-TEST_F(SavingTest, NamesFollowTheLastSaveOrRename) {
-    kmProfile profile = Load(KM_TEXT("Mine"));
-    ASSERT_EQ(profile.ReName(KM_TEXT("Renamed")), PROFILE_ERROR_NONE);
-    EXPECT_TRUE(State().starts_with("Sys Other Renamed \nOther.pf") && profile.GetID() == KM_TEXT("Renamed"));
-    EXPECT_EQ(kmIconParser::GetInstance().GetIconIndex(KM_TEXT("Renamed"), false), 3);
-    ASSERT_EQ(profile.Save(KM_TEXT("OTHER"), true), PROFILE_ERROR_NONE);
-    EXPECT_TRUE(State().starts_with("Sys Renamed OTHER \nOTHER.pf")) << "two files, or the old spelling";
+TEST_F(Saving, ItemsThatDifferInLetterCaseShareAnElement) {
+    folder.AddProfile("user\\Items",
+                      "<Profiles><Main/><Parameter><ab advPriority='5'/><x advPriority='-1' "
+                      "simpleCandidatesValue=',,'/><AB simpleCandidatesValue=''/></Parameter></Profiles>");
+    ASSERT_EQ(Load("Items").Save(KM_TEXT("Items"), false), PROFILE_ERROR_NONE);
+    EXPECT_EQ(Saved("Items"),
+              "Profiles(Main(Name[language=Items] Desc[language=] SName Format ExtName) Parameter("
+              "ab[Value=Auto simpleCandidatesValue=] x[advPriority=-1 simpleCandidatesValue=,,]))");
 }
 
-TEST_F(SavingTest, EverySampleReadsBackAndSavesTheSameBytes) {
+TEST_F(Saving, RenamingTellsCatalogueAndIcons) {
+    kmProfile profile = Load("Mine");
+    ASSERT_EQ(profile.ReName(KM_TEXT("Renamed")), PROFILE_ERROR_NONE);
+    EXPECT_EQ(Utf8(profile.GetID()), "Renamed");
+    EXPECT_EQ(Catalogue(), "|Sys|Other|Renamed");
+    EXPECT_EQ(Files().count("Mine.pf"), 0u);
+    EXPECT_EQ(Saved("Renamed"), "Profiles[x=1](Main(Name[language=Renamed]) Extra)");
+    EXPECT_EQ(kmIconParser::GetInstance().GetIconIndex(KM_TEXT("Renamed"), false), 3);
+}
+
+TEST_F(Saving, OverwrittenFileGetsTheNewSpelling) {
+    ASSERT_EQ(Load("Mine").Save(KM_TEXT("OTHER"), true), PROFILE_ERROR_NONE);
+    EXPECT_EQ(Catalogue(), "|Sys|Mine|OTHER");
+    EXPECT_EQ(Files().count("OTHER.pf"), 1u);
+    EXPECT_EQ(Files().count("Other.pf"), 0u);
+}
+
+TEST_F(Saving, EverySampleReadsBackAndSavesTheSameBytes) {
     std::filesystem::remove_all(folder.SystemPath());
     std::filesystem::copy(KM_SOURCE_DIR "/samples/Profiles", folder.SystemPath(),
                           std::filesystem::copy_options::recursive);
     manager.Load(folder.Path());
     for (const kmProfileInfo& info : std::vector(manager.GetProfiles())) {
-        kmProfile profile = Load(info.GetID());
-        ASSERT_EQ(profile.Save(KM_TEXT("w"), true), PROFILE_ERROR_NONE) << Utf8(info.GetID());
+        const std::string id = Utf8(info.GetID());
+        ASSERT_EQ(Load(id.c_str()).Save(KM_TEXT("w"), true), PROFILE_ERROR_NONE) << id;
         // The same bytes again say that every field that a file keeps was read back.
-        const std::string state = State();
-        ASSERT_EQ(Load(KM_TEXT("w")).Save(KM_TEXT("w"), false), PROFILE_ERROR_NONE) << Utf8(info.GetID());
-        EXPECT_EQ(State(), state) << Utf8(info.GetID());
+        const std::string bytes = ReadBytes(folder.SystemPath(KM_TEXT("user\\w.pf")));
+        ASSERT_EQ(Load("w").Save(KM_TEXT("w"), false), PROFILE_ERROR_NONE) << id;
+        EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("user\\w.pf"))), bytes) << id;
     }
 }
 

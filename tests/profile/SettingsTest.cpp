@@ -3,7 +3,7 @@
 
 #include "tests/support/Profiles.h"
 
-TEST(SettingsTest, KindIsDecidedByPresence) {
+TEST(Settings, KindIsDecidedByPresence) {
     EXPECT_EQ(ProfileWith("s=;VCODEC=;").GetType(), PROFILE_TYPE_UNKNOWN);
     EXPECT_EQ(ProfileWith("acodec=;pcodec=;").GetType(), PROFILE_TYPE_AUDIO);
     EXPECT_EQ(ProfileWith("acodec=;b=;").GetType(), PROFILE_TYPE_VIDEO);
@@ -11,71 +11,112 @@ TEST(SettingsTest, KindIsDecidedByPresence) {
     EXPECT_EQ(ProfileWith("pcodec=;").GetType(), PROFILE_TYPE_PICTURE);
 }
 
-TEST(SettingsTest, FrameSizes) {
+TEST(Settings, FrameSizes) {
+    using Size = std::pair<std::int32_t, std::int32_t>;
+    constexpr Size kUntouched{-7, -7}, kNone{0, 0};
     // clang-format off
-    const struct { const char* settings; bool expected; std::int32_t width, height; } rows[] = {
-        {"", false, -7, -7}, {"s= auto ;", true, 0, 0}, {"s=640x480;", true, 640, 480},
-        {"s=640*480;", true, 640, 480}, {"s=352x288 (cif);", true, 352, 288},
-        {"s=ntsc-film;", true, 352, 240}, {"s=4cif;", true, 704, 576}, {"s=CIF;", false, 0, 0},
-        {"s=cif ;", false, 0, 0}, {"s=720x;", false, 0, 0}, {"s=640;", false, 0, 0},
-        {"s=640xx480;", false, 0, 0}, {"s=640x-480;", false, 0, 0}, {"s=0x10x16;", false, 0, 0},
-        {"s=99999999999x2;", true, 2147483647, 2}};
+    const struct { const char *fault, *settings; bool expected; Size size; } rows[] = {
+        {"arguments_changed_without_a_size", "",                  false, kUntouched},
+        {"auto_not_the_sources_size",        "s= auto ;",         true,  kNone},
+        {"separator_text_or_large_number",   "s=99999999999*288 (cif);", true, {2147483647, 288}},
+        {"name_that_begins_with_another",    "s=ntsc-film;",      true,  {352, 240}},
+        {"name_read_as_a_number",            "s=4cif;",           true,  {704, 576}},
+        {"name_found_in_any_case",           "s=CIF;",            false, kNone},
+        {"name_trimmed",                     "s=cif ;",           false, kNone},
+        {"read_on_after_the_end",            "s=640;",            false, kNone},
+        {"two_separators_skipped",           "s=640xx480;",       false, kNone},
+        {"negative_height_accepted",         "s=640x-480;",       false, kNone},
+        {"width_read_as_hexadecimal",        "s=0x10x16;",        false, kNone}};
     // clang-format on
     for (const auto& row : rows) {
-        std::int32_t width = -7, height = -7;
-        EXPECT_EQ(ProfileWith(row.settings).GetSize(width, height), row.expected) << row.settings;
-        EXPECT_EQ(std::pair(width, height), std::pair(row.width, row.height)) << row.settings;
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.settings);
+        Size size = kUntouched;
+        EXPECT_EQ(ProfileWith(row.settings).GetSize(size.first, size.second), row.expected);
+        EXPECT_EQ(size, row.size);
     }
 }
 
-TEST(SettingsTest, Times) {
+TEST(Settings, Times) {
     // clang-format off
-    const struct { std::string text; std::int64_t expected; } rows[] = {
-        {"00:01:30", 90'000'000}, {"1:02:3", 3'723'000'000}, {"24:00:00", 24'000'000},
-        {"123:00:00", 123'000'000}, {"00:00:60", 0}, {"1:30", 1'000'000}, {"0:0:123", 12'000'000},
-        {" 00:01:30", 0}, {" 90", 90'000'000}, {"0090", 90'000'000}, {"00:00:10.25", 10'250'000},
-        {"2.5", 2'500'000}, {"0.1234569", 123'456}, {".5", 500'000}, {"1.5s7", 1'500'000},
-        {"-00:00:05.5", -5'500'000}, {"--5", 5'000'000}, {"Full", 0},
-        {"--99999999999", 2'147'483'648'000'000}};
+    const struct { const char* fault; std::string time; std::int64_t expected; } rows[] = {
+        {"fields_of_one_digit_refused",        "1:02:3",        3'723'000'000},
+        {"hour_24_read_as_an_hour",            "24:00:00",      24'000'000},
+        {"second_60_read_as_a_time",           "00:00:60",      0},
+        {"minutes_and_seconds_read_as_a_time", "1:30",          1'000'000},
+        {"digit_after_the_field_ignored",      "0:0:123",       12'000'000},
+        {"clock_time_after_a_space_or_nothing", " 02:01:30",    2'000'000},
+        {"seconds_read_as_octal",              "0090",          90'000'000},
+        {"seventh_digit_or_missing_seconds",   ".1234569",      123'456},
+        {"fraction_goes_on_after_a_letter",    "1.5s7",         1'500'000},
+        {"fraction_added_to_negative_seconds", "-00:00:05.5",   -5'500'000},
+        {"second_sign_or_large_number_wraps",  "--99999999999", 2'147'483'648'000'000}};
     // clang-format on
     for (const auto& row : rows) {
-        EXPECT_EQ(ProfileWith("ss=" + row.text + ";").GetStartTime(), row.expected) << row.text;
-        EXPECT_EQ(ProfileWith("pt=" + row.text + ";").GetDuration(), row.expected) << row.text;
+        SCOPED_TRACE(row.fault + (", given '" + row.time + "'"));
+        EXPECT_EQ(ProfileWith("ss=" + row.time + ";").GetStartTime(), row.expected);
+        EXPECT_EQ(ProfileWith("pt=" + row.time + ";").GetDuration(), row.expected);
     }
+}
+
+TEST(Settings, DurationIsThatOfThePicturesOnlyWithoutAnother) {
     EXPECT_EQ(ProfileWith("pt=9;t=Full;").GetDuration(), 0);
-    EXPECT_EQ(kmProfile().GetDuration() + kmProfile().GetStartTime(), 0);
+    EXPECT_EQ(kmProfile().GetDuration(), 0);
+    EXPECT_EQ(kmProfile().GetStartTime(), 0);
 }
 
-TEST(SettingsTest, AspectRatioAndZoom) {
+TEST(Settings, AspectRatio) {
     // clang-format off
-    const struct { const char* settings; double aspect; std::int32_t zoom; } rows[] = {
-        {"aspect=4:3;", 4.0 / 3, 0}, {"aspect= 0x10 : 9 : 5;zoom=0x3;", 16.0 / 9, 3},
-        {"aspect=1.7777;", 1.7777, 0}, {"aspect=16:9.5;", 16.0, 0}, {"aspect=4:0;", 0, 0},
-        {"aspect=4:;", 0, 0}, {"aspect=Auto;", 0, 0}, {"aspect=;", 0, 0}, {"aspect=2;zoom=Medium;", 0, 0},
-        {"", 0, 0}};
+    const struct { const char *fault, *settings; double expected; } rows[] = {
+        {"ratio_cut_to_an_integer",         "aspect=4:3;",             4.0 / 3},
+        {"pieces_not_read_as_settings_are", "aspect= 0x10 : 9 : 5;",   16.0 / 9},
+        {"decimal_cut_off",                 "aspect=1.7777;",          1.7777},
+        {"ratio_before_a_decimal",          "aspect=16:9.5;",          16.0},
+        {"missing_denominator_divides",     "aspect=4:;",              0},
+        {"number_without_a_ratio_read",     "aspect=2;",               0}};
     // clang-format on
-    for (const auto& row : rows) {
-        EXPECT_EQ(ProfileWith(row.settings).GetAspectratio(), row.aspect) << row.settings;
-        EXPECT_EQ(ProfileWith(row.settings).GetZoom(), row.zoom) << row.settings;
-    }
+    for (const auto& row : rows)
+        EXPECT_EQ(ProfileWith(row.settings).GetAspectratio(), row.expected)
+            << row.fault << ": " << row.settings;
 }
 
-TEST(SettingsTest, ChangesAreFlaggedAndRefusalsChangeNothing) {
+TEST(Settings, ZoomIsANumber) {
+    EXPECT_EQ(ProfileWith("zoom=0x3;").GetZoom(), 3);
+    EXPECT_EQ(ProfileWith("zoom=Medium;").GetZoom(), 0);
+    EXPECT_EQ(kmProfile().GetZoom(), 0);
+}
+
+TEST(Settings, ChangeGoesIntoTheFirstItemAndIsFlagged) {
     kmProfile profile = ProfileWith("b=1;b=2;");
-    EXPECT_FALSE(profile.SetItemValue(KM_TEXT("b"), nullptr) || profile.SetItemValue(nullptr, KM_TEXT("3")));
-    EXPECT_FALSE(profile.SetItemValue(KM_TEXT("B"), KM_TEXT("3")) ||
-                 profile.SetSimpleItemValue(KM_TEXT("ab"), 0));
-    EXPECT_TRUE(profile.GetSimpleItemValue(KM_TEXT("ab")) == -1 && !profile.GetChangedFlag());
-    EXPECT_FALSE(profile.SetSimpleItemValue(KM_TEXT("b"), 0)) << "no candidates";
-    EXPECT_TRUE(profile.GetChangedFlag()) << "set even though the position was refused";
-    profile.SetChangedFlag(false);
-    EXPECT_TRUE(profile.SetItemValue(KM_TEXT("b"), KM_TEXT(" x ")) && profile.GetChangedFlag());
-    EXPECT_EQ(Utf8(profile.GetProfileItems()[0].GetValue() + profile.GetProfileItems()[1].GetValue()),
-              " x 2");
-    kmProfile assigned, copied;
+    EXPECT_TRUE(profile.SetItemValue(KM_TEXT("b"), KM_TEXT(" x ")));
+    EXPECT_EQ(Utf8(profile.GetProfileItems()[0].GetValue()), " x ");
+    EXPECT_EQ(Utf8(profile.GetProfileItems()[1].GetValue()), "2");
+    EXPECT_TRUE(profile.GetChangedFlag());
+}
+
+TEST(Settings, RefusedChangeIsNotFlagged) {
+    kmProfile profile = ProfileWith("b=1;");
+    EXPECT_FALSE(profile.SetItemValue(KM_TEXT("b"), nullptr));
+    EXPECT_FALSE(profile.SetItemValue(nullptr, KM_TEXT("3")));
+    EXPECT_FALSE(profile.SetItemValue(KM_TEXT("B"), KM_TEXT("3")));
+    EXPECT_FALSE(profile.SetSimpleItemValue(KM_TEXT("ab"), 0));
+    EXPECT_EQ(profile.GetSimpleItemValue(KM_TEXT("ab")), -1);
+    EXPECT_FALSE(profile.GetChangedFlag());
+}
+
+TEST(Settings, RefusedPositionIsFlaggedAllTheSame) {
+    kmProfile profile = ProfileWith("b=1;");
+    EXPECT_FALSE(profile.SetSimpleItemValue(KM_TEXT("b"), 0));
+    EXPECT_TRUE(profile.GetChangedFlag());
+}
+
+TEST(Settings, CopyFromClearsTheFlagThatAssignmentTakesOver) {
+    kmProfile profile = ProfileWith("b=1;"), assigned, copied;
+    profile.SetChangedFlag(true);
     assigned = profile;
     copied.CopyFrom(profile);
     profile.CopyFrom(profile);
-    EXPECT_TRUE(assigned.GetChangedFlag() && profile.GetChangedFlag() && !copied.GetChangedFlag());
-    EXPECT_EQ(Utf8(copied.GetItemValue(KM_TEXT("b"))), " x ");
+    EXPECT_TRUE(assigned.GetChangedFlag());
+    EXPECT_FALSE(copied.GetChangedFlag());
+    EXPECT_TRUE(profile.GetChangedFlag()) << "copied from itself";
+    EXPECT_EQ(Utf8(copied.GetItemValue(KM_TEXT("b"))), "1");
 }

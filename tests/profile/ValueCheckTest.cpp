@@ -4,61 +4,104 @@
 #include "kmProfileItem.h"
 #include "tests/support/Text.h"
 
+constexpr const char* kAccepted = "kept";  // what the caller had in the message
 constexpr const char* kTime = "Please input valid time : 0 - 59!";
+constexpr const char* kDuration = "Please input valid duration: 'xx:xx:xx' or 'Full'.";
+constexpr const char* kSize = "Frame size must be a multiple of 2!";
 constexpr const char* kBitrate = "Please input a valid value large than zero!";
+constexpr const char* kRate = "Please input value such as 29.97, 30000/1001 or 25000:1001.";
+constexpr const char* kAspect = "Please input value such as 4:3, 16:9 or 1.3333, 1.7777.";
+constexpr const char* kChannels = "Please input value '1'(Mono) or '2'(Stereo).";
 constexpr const char* kPicture = "Pleease input value large than 0.05.";
 
-// The values stand between bars.
+// The values of a row, between bars, are all answered with the message.
 // clang-format off
-constexpr struct { const char *id, *message, *accepted, *refused; } kChecks[] = {
-    {"ss", kTime, "1:75:00|90", "1.5|1:2:3:4"}, {"SS", kTime, "", "abc"},
-    {"t", "Please input valid duration: 'xx:xx:xx' or 'Full'.", "full|12:30", "10 min"},
-    {"s", "Frame size must be a multiple of 2!", "320*240 (half)", "321x240|320x241|0x0|-2x-2|cif|4cif|320"},
-    {"b", kBitrate, "128k|99999999999999999999", "0x10|0.5| Auto"}, {"ab", kBitrate, "", "0"},
-    {"r", "Please input value such as 29.97, 30000/1001 or 25000:1001.",
-     "30000/1001|08/09|aUTO|1/0:1|0.01", "25 fps|25/|0.009|"},
-    {"aspect", "Please input value such as 4:3, 16:9 or 1.3333, 1.7777.", "16/0", "0.9:1|4:0"},
-    {"ac", "Please input value '1'(Mono) or '2'(Stereo).", "5.1|6", "3|12"},
-    {"pi", kPicture, "0.051", "0.05"}, {"pt", kPicture, "FULL", "5e-2|inf"}, {"vcodec", "", "|x", ""},
-    {"", "kept", "", "1"}};
+constexpr struct { const char *fault, *id, *values, *message; } kChecks[] = {
+    {"clock_time_out_of_range_refused",     "ss",     "1:75:00|90",                kAccepted},
+    {"fraction_or_third_colon_accepted",    "ss",     "1.5|1:2:3:4",               kTime},
+    {"option_in_capitals_not_known",        "SS",     "abc",                       kTime},
+    {"full_or_clock_time_refused",          "t",      "full|12:30",                kAccepted},
+    {"duration_with_a_unit_accepted",       "t",      "10 min",                    kDuration},
+    {"separator_or_text_after_it_refused",  "s",      "320*240 (half)",            kAccepted},
+    {"odd_side_accepted",                   "s",      "321x240|320x241",           kSize},
+    {"side_below_one_accepted",             "s",      "0x0|-2x-2|320",             kSize},
+    {"abbreviation_accepted",               "s",      "cif|4cif",                  kSize},
+    {"unit_or_large_number_refused",        "b",      "128k|99999999999999999999", kAccepted},
+    {"read_as_other_number_or_trimmed",     "b",      "0x10|0.5| Auto",            kBitrate},
+    {"audio_bit_rate_not_checked",          "ab",     "0",                         kBitrate},
+    {"ratio_auto_or_limit_refused",         "r",      "08/09|1/0:1|aUTO|0.01",     kAccepted},
+    {"other_characters_accepted",           "r",      "25 fps",                    kRate},
+    {"half_a_ratio_or_lower_rate_accepted", "r",      "25/|0.009|",                kRate},
+    {"slash_separates_an_aspect",           "aspect", "16/0",                      kAccepted},
+    {"zero_in_an_aspect_accepted",          "aspect", "0.9:1|4:0",                 kAspect},
+    {"surround_refused",                    "ac",     "5.1|6",                     kAccepted},
+    {"other_channel_counts_accepted",       "ac",     "3|12",                      kChannels},
+    {"interval_above_the_limit_refused",    "pi",     "0.051",                     kAccepted},
+    {"limit_itself_accepted",               "pi",     "0.05",                      kPicture},
+    {"full_refused_as_time_of_pictures",    "pt",     "FULL",                      kAccepted},
+    {"limit_or_infinity_accepted",          "pt",     "5e-2|inf",                  kPicture},
+    {"option_without_a_rule_checked",       "vcodec", "|x",                        kAccepted}};
 // clang-format on
 
-TEST(ValueCheckTest, AcceptsOrTellsWhy) {
-    kmString message;
+TEST(ValueCheck, AcceptsOrTellsWhy) {
     for (const auto& row : kChecks) {
-        for (const bool accepted : {true, false}) {
-            for (const kmString& value : Pieces(accepted ? row.accepted : row.refused)) {
-                message = KM_TEXT("kept");
-                const kmString id = TextFromBytes(row.id);
-                EXPECT_EQ(kmProfileItem::Check(message, id.c_str(), ExactBuffer(value).data()), accepted)
-                    << row.id << " " << Utf8(value);
-                EXPECT_EQ(Utf8(message), accepted ? "kept" : row.message) << row.id << " " << Utf8(value);
-            }
+        for (const kmString& value : Pieces(row.values)) {
+            SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.id << "=" << Utf8(value));
+            kmString message = Text(kAccepted);
+            const bool isAccepted =
+                kmProfileItem::Check(message, Text(row.id).c_str(), ExactBuffer(value).data());
+            EXPECT_EQ(isAccepted, row.message == kAccepted);
+            EXPECT_EQ(Utf8(message), row.message);
         }
     }
-    EXPECT_TRUE(kmProfileItem::Check(message, KM_TEXT("ss"), nullptr));
-    EXPECT_FALSE(kmProfileItem::Check(message, nullptr, KM_TEXT("1")));
 }
 
-TEST(ValueCheckTest, Times) {
+TEST(ValueCheck, NullIsAnEmptyText) {
+    kmString message;
+    int seconds = -7;
+    EXPECT_TRUE(kmProfileItem::Check(message, KM_TEXT("ss"), nullptr));
+    EXPECT_EQ(kmProfileItem::IsValidTime(nullptr, &seconds), 1);
+    EXPECT_EQ(seconds, -7);
+}
+
+TEST(ValueCheck, NoIDIsRefusedWithoutAMessage) {
+    for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)}) {
+        kmString message = KM_TEXT("kept");
+        EXPECT_FALSE(kmProfileItem::Check(message, none, KM_TEXT("1"))) << Utf8(none);
+        EXPECT_EQ(Utf8(message), "kept") << Utf8(none);
+    }
+}
+
+TEST(ValueCheck, Times) {
     constexpr int kUntouched = -7;
     // clang-format off
-    const struct { const char* time; int expected, seconds; } rows[] = {
-        {"", 1, kUntouched}, {"00:01:30", 1, 90}, {"00:00:09", 1, 9}, {"::", 1, 0}, {"99:59:59", 1, 359999},
-        {"00:60:00", 0, 3600}, {"00:00:60", 0, 60}, {"100:00:00", 0, 360000}, {"0:001:0", 0, 60},
-        {"12:30", 0, 750}, {"5:", 0, 300}, {":5", 0, 5}, {"90", 0, 90}, {"1:2:3:", -1, kUntouched},
-        {"1.5", -1, kUntouched}, {"00:00:10.5", -1, kUntouched}, {"-1:00:00", -1, kUntouched},
-        {"\u0661:00:00", -1, kUntouched}};
+    const struct { const char *fault, *time; int expected, seconds; } rows[] = {
+        {"empty_text_given_a_total",          "",             1,  kUntouched},
+        {"fields_read_as_octal_numbers",      "00:00:09",     1,  9},
+        {"empty_fields_refused",              "::",           1,  0},
+        {"hours_above_23_refused",            "99:59:59",     1,  359999},
+        {"minute_60_called_well_formed",      "00:60:00",     0,  3600},
+        {"second_60_called_well_formed",      "00:00:60",     0,  60},
+        {"three_digit_hour_well_formed",      "100:00:00",    0,  360000},
+        {"three_digit_minute_well_formed",    "0:001:0",      0,  60},
+        {"hours_in_front_of_one_colon",       "12:30",        0,  750},
+        {"plain_seconds_refused",             "90",           0,  90},
+        {"third_colon_accepted",              "1:2:3:",       -1, kUntouched},
+        {"fraction_accepted_or_total_given",  "1.5",          -1, kUntouched},
+        {"digit_of_another_script_accepted",  "\u0661:00:00", -1, kUntouched}};
     // clang-format on
-    int seconds = kUntouched;
-    EXPECT_TRUE(kmProfileItem::IsValidTime(nullptr, &seconds) == 1 && seconds == kUntouched);
     for (const auto& row : rows) {
-        const kmString time = TextFromBytes(row.time);
-        seconds = kUntouched;
-        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), &seconds), row.expected) << row.time;
-        EXPECT_EQ(seconds, row.seconds) << row.time;
-        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), nullptr), row.expected) << row.time;
+        SCOPED_TRACE(testing::Message() << row.fault << ", given '" << row.time << "'");
+        const kmString time = Text(row.time);
+        int seconds = kUntouched;
+        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), &seconds), row.expected);
+        EXPECT_EQ(seconds, row.seconds);
+        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), nullptr), row.expected);
     }
-    const kmChar* huge = KM_TEXT("99999999999:99999999999:99999999999");
-    EXPECT_EQ(kmProfileItem::IsValidTime(huge, &seconds), 0) << "any total, but a defined one";
+}
+
+// The total is then any number, but a defined one: signed overflow would end a sanitizer's run.
+TEST(ValueCheck, FieldsBeyondTheNumbersAreReadAllTheSame) {
+    int seconds = 0;
+    EXPECT_EQ(kmProfileItem::IsValidTime(KM_TEXT("99999999999:99999999999:99999999999"), &seconds), 0);
 }

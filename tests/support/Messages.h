@@ -26,6 +26,12 @@ public:
 
     const std::vector<CapturedMessage>& All() const { return m_messages; }
 
+    std::vector<std::string> Paths() const {
+        std::vector<std::string> paths;
+        for (const CapturedMessage& message : m_messages) paths.push_back(message.path);
+        return paths;
+    }
+
 private:
     static void Take(const kmMessage& message, void* self) {
         static_cast<CapturedMessages*>(self)->m_messages.push_back(

@@ -17,6 +17,16 @@ inline std::string ReadBytes(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+// The content as UTF-8, also that of a file in UTF-16 with its mark.
+inline std::string ReadText(const std::filesystem::path& path) {
+    const std::string bytes = ReadBytes(path);
+    if (!bytes.starts_with("\xFF\xFE")) return bytes;
+    kmString text;
+    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2)
+        text += static_cast<kmChar>((bytes[i] & 0xFF) | (bytes[i + 1] & 0xFF) << 8);
+    return Utf8(text);
+}
+
 // Names are relative to the folder, with "\" as separator; missing folders on the way are made. Everything
 // goes away with the object.
 class TemporaryFolder {
