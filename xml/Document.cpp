@@ -131,6 +131,19 @@ void Document::EndAttributes(Element& element) {
     m_free = reinterpret_cast<char*>(element.attributes + element.attributeCount);
 }
 
+void Document::Grow(PieceTable& table, std::uint32_t capacity) {
+    auto* pieces = static_cast<Content**>(Allocate(capacity * sizeof(Content*)));
+    std::copy_n(table.pieces, table.known, pieces);
+    table.pieces = pieces;
+    table.capacity = capacity;
+}
+
+PieceTable* Document::AddTable(std::uint32_t capacity) {
+    auto* table = new (Allocate(sizeof(PieceTable))) PieceTable;
+    Grow(*table, capacity);
+    return table;
+}
+
 kmChar* Document::Copy(const kmChar* text) {
     if (text == nullptr) return nullptr;
     const std::size_t units = kmStringView(text).size() + 1;

@@ -40,10 +40,24 @@ struct Attribute {
     std::uint32_t hasEntities : 1;  // until the value is decoded
 };
 
-// Where a walk by index stands, so that the next index is one step away.
+// The first pieces of one kind in an element, as far as anybody has asked for them.
+struct PieceTable {
+    Content** pieces = nullptr;
+    std::uint32_t known = 0;
+    std::uint32_t capacity = 0;
+};
+
+// Where a walk by index stands, so that the next index is one step away. Walks that keep starting anew get a
+// table instead; until then a cursor takes no memory of its own, and most elements are walked once.
 struct Cursor {
-    Content* at = nullptr;
+    static constexpr std::uint32_t kTabled = static_cast<std::uint32_t>(-1);
+
+    union {
+        Content* at = nullptr;
+        PieceTable* table;  // instead of a place, when `steps` is kTabled
+    };
     std::uint32_t index = 0;
+    std::uint32_t steps = 0;  // taken so far in all walks
 };
 
 struct Element : Content {
@@ -89,6 +103,10 @@ public:
     }
     // Gives back what AddAttribute took in advance, if it is still the last that was taken.
     void EndAttributes(Element& element);
+
+    // Makes room in the table for that many pieces.
+    void Grow(PieceTable& table, std::uint32_t capacity);
+    PieceTable* AddTable(std::uint32_t capacity);
 
     // A copy of `text`, ended by a null unit; null for null.
     kmChar* Copy(const kmChar* text);

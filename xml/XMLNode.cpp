@@ -1,5 +1,7 @@
 // Look-ups walk linked content. A walk by index continues where the last one stood, so that going through all
-// children by index costs one pass.
+// children by index costs one pass. Walks in any other order soon get a table of the pieces, which is filled
+// as far as it is asked for and grows by doubling: so whatever the order, and whatever is added in between,
+// the cost is proportional to the pieces and the questions.
 #include "xml/XMLNode.h"
 
 #include <utility>
@@ -12,27 +14,74 @@ bool IsNamed(const Element& element, kmStringView name) {
     return element.text != nullptr && EqualNoCase({element.text, element.length}, name);
 }
 
-// The content of that kind at `index`, from where the last walk stood if that is not too far.
-Content* Seek(const Element& element, Cursor& cursor, ContentKind kind, std::uint32_t index) {
+Content* FirstOf(const Element& element, ContentKind kind, std::uint32_t& steps) {
     Content* at = element.first;
-    std::uint32_t position = 0;
-    if (cursor.at != nullptr && cursor.index <= index) {
-        at = cursor.at;
-        position = cursor.index;
-    } else {
-        while (at->kind != kind) at = at->next;
-    }
-    for (; position < index; ++position) {
-        do at = at->next;
-        while (at->kind != kind);
-    }
-    cursor = {at, index};
+    for (; at->kind != kind; ++steps) at = at->next;
     return at;
 }
 
-Element* ChildOf(Element& element, std::uint32_t index) {
+// The next of the same kind; there must be one.
+Content* NextOf(const Content* piece, std::uint32_t& steps) {
+    Content* at = piece->next;
+    for (++steps; at->kind != piece->kind; ++steps) at = at->next;
+    return at;
+}
+
+// The pieces of one kind in an element.
+struct Pieces {
+    Document& document;
+    const Element& element;
+    ContentKind kind;
+    std::uint32_t count;
+    Cursor& cursor;
+};
+
+void SwitchToTable(const Pieces& pieces) {
+    PieceTable* table = pieces.document.AddTable(pieces.count);
+    table->pieces[table->known++] = FirstOf(pieces.element, pieces.kind, pieces.cursor.steps);
+    pieces.cursor.table = table;
+    pieces.cursor.steps = Cursor::kTabled;
+}
+
+Content* LookUp(const Pieces& pieces, std::uint32_t index) {
+    PieceTable& table = *pieces.cursor.table;
+    if (index >= table.capacity) pieces.document.Grow(table, 2 * pieces.count);
+    std::uint32_t steps = 0;
+    for (; table.known <= index; ++table.known) {
+        table.pieces[table.known] = NextOf(table.pieces[table.known - 1], steps);
+    }
+    return table.pieces[index];
+}
+
+// From where the last walk stood if that is not too far, else from the beginning. Whoever has taken many
+// times as many steps as there are pieces does not walk through them in order.
+Content* Walk(const Pieces& pieces, std::uint32_t index) {
+    constexpr std::uint32_t kAlwaysAllowed = 256;
+    constexpr std::uint32_t kAllowedPerPiece = 8;
+    Cursor& cursor = pieces.cursor;
+    std::uint32_t steps = cursor.steps;
+    const bool isAhead = cursor.at != nullptr && cursor.index <= index;
+    Content* at = isAhead ? cursor.at : FirstOf(pieces.element, pieces.kind, steps);
+    for (std::uint32_t i = isAhead ? cursor.index : 0; i < index; ++i) at = NextOf(at, steps);
+    cursor = {at, index, steps};
+    if (steps / kAllowedPerPiece > pieces.count + kAlwaysAllowed / kAllowedPerPiece) SwitchToTable(pieces);
+    return at;
+}
+
+// The piece at `index`, which is below the count.
+Content* Seek(const Pieces& pieces, std::uint32_t index) {
+    return pieces.cursor.steps == Cursor::kTabled ? LookUp(pieces, index) : Walk(pieces, index);
+}
+
+Element* ChildOf(Document& document, Element& element, std::uint32_t index) {
     if (index >= element.childCount) return nullptr;
-    return static_cast<Element*>(Seek(element, element.children, ContentKind::Element, index));
+    return static_cast<Element*>(
+        Seek({document, element, ContentKind::Element, element.childCount, element.children}, index));
+}
+
+Content* TextOf(Document& document, Element& element, std::uint32_t index) {
+    if (index >= element.textCount) return nullptr;
+    return Seek({document, element, ContentKind::Text, element.textCount, element.texts}, index);
 }
 
 // The index where a walk starts; a negative position counts as the beginning.
@@ -94,13 +143,14 @@ int XMLNode::CountChildren(const kmChar* name) const {
 
 XMLNode XMLNode::ChildAt(int index) const {
     if (IsEmpty() || index < 0) return {};
-    return Handle(ChildOf(*m_element, static_cast<std::uint32_t>(index)));
+    return Handle(ChildOf(*m_document, *m_element, static_cast<std::uint32_t>(index)));
 }
 
 XMLNode XMLNode::FindChild(const kmChar* name, int* position) const {
     if (IsEmpty() || name == nullptr) return {};
     const kmStringView wanted = name;
-    for (std::uint32_t index = StartOf(position); Element* child = ChildOf(*m_element, index); ++index) {
+    for (std::uint32_t index = StartOf(position); Element* child = ChildOf(*m_document, *m_element, index);
+         ++index) {
         if (!IsNamed(*child, wanted)) continue;
         if (position != nullptr) *position = static_cast<int>(index + 1);
         return Handle(child);
@@ -109,8 +159,9 @@ XMLNode XMLNode::FindChild(const kmChar* name, int* position) const {
 }
 
 const kmChar* XMLNode::TextAt(int index) const {
-    if (IsEmpty() || index < 0 || static_cast<std::uint32_t>(index) >= m_element->textCount) return nullptr;
-    return Seek(*m_element, m_element->texts, ContentKind::Text, static_cast<std::uint32_t>(index))->text;
+    if (IsEmpty() || index < 0) return nullptr;
+    const Content* text = TextOf(*m_document, *m_element, static_cast<std::uint32_t>(index));
+    return text == nullptr ? nullptr : text->text;
 }
 
 const kmChar* XMLNode::FindAttribute(const kmChar* name, int* position) const {
@@ -162,11 +213,11 @@ void XMLNode::RemoveAttribute(const kmChar* name) {
 void XMLNode::SetText(const kmChar* value, int index) {
     if (IsEmpty() || value == nullptr) return;
     kmChar* copy = m_document->Copy(value);
-    if (TextAt(index) == nullptr) {
+    Content* text = index < 0 ? nullptr : TextOf(*m_document, *m_element, static_cast<std::uint32_t>(index));
+    if (text == nullptr) {
         m_document->AddContent(*m_element, ContentKind::Text, copy, LengthOf(value));
         return;
     }
-    Content* text = m_element->texts.at;  // where TextAt has just found it
     text->text = copy;
     text->length = LengthOf(value);
 }

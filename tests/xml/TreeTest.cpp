@@ -24,6 +24,47 @@ TEST(XmlTree, ChildrenAreFoundByNameAndIndex) {
     for (const int index : {4, -1}) EXPECT_EQ(Dump(root.ChildAt(index)), "(empty)") << index;
 }
 
+kmString Number(int value) {
+    const std::string digits = std::to_string(value);
+    return {digits.begin(), digits.end()};
+}
+
+// A child and two texts, which carry their own positions.
+void AppendNumbered(XMLNode& root) {
+    const int index = root.CountChildren();
+    root.AppendChild(Number(index).c_str(), false);
+    for (const int text : {2 * index, 2 * index + 1}) root.SetText(Number(text).c_str(), text);
+}
+
+// Long enough for walks that are no longer made step by step; grown in between, past what they have seen.
+TEST(XmlTree, LongContentIsFoundInEveryOrder) {
+    constexpr struct {
+        const char* name;
+        int (*indexAt)(int step, int count);
+    } rows[] = {
+        {"rising_walk_misses_what_was_added", [](int step, int) { return step; }},
+        {"falling_walk_misses_what_was_added", [](int step, int count) { return count - 1 - step; }},
+        {"scattered_walk_starts_at_the_wrong_piece", [](int step, int count) { return step * 7919 % count; }},
+        {"walk_from_both_ends_mixes_them",
+         [](int step, int count) { return step % 2 == 0 ? step / 2 : count - 1 - step / 2; }},
+    };
+    for (const auto& row : rows) {
+        XMLNode root = Parse(KM_TEXT("<r><!--neither child nor text--></r>"));
+        for (const int count : {150, 151, 160, 700}) {
+            while (root.CountChildren() < count) AppendNumbered(root);
+            std::string wrong;
+            for (int step = 0; step < count; ++step) {
+                const int index = row.indexAt(step, count);
+                const std::string found =
+                    Utf8(root.ChildAt(index).GetName()) + " and " + Utf8(root.TextAt(2 * index + 1));
+                const std::string expected = std::to_string(index) + " and " + std::to_string(2 * index + 1);
+                if (found != expected && wrong.empty()) wrong = expected + " was found as " + found;
+            }
+            EXPECT_EQ(wrong, "") << row.name << ", " << count << " children";
+        }
+    }
+}
+
 TEST(XmlTree, FindAttributeWalksFromThePosition) {
     const XMLNode node = Parse(KM_TEXT("<r a='1' b A='2' a/>"));
     int position = 0;
