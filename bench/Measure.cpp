@@ -38,18 +38,10 @@ private:
     Counts m_expected;
 };
 
-// The processor time of this thread, in nanoseconds. Nothing here waits for a disk, so on a quiet machine it
-// is the time by the clock; on a busy one it leaves out the turns of others.
-double Now() {
-    struct timespec now {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
-}
-
 double MeasureOnce(const ProfileFolder& folder, const Reader& reader, CountCheck& check) {
-    const double start = Now();
+    const double start = ProcessorNanoseconds();
     const Counts counts = reader.read(folder);
-    const double taken = Now() - start;
+    const double taken = ProcessorNanoseconds() - start;
     check.Compare(reader, counts);
     return taken / static_cast<double>(folder.files.size());
 }
@@ -82,6 +74,12 @@ void TakeTurns(std::vector<Turn> turns, std::size_t rounds, std::uint64_t seed, 
 }
 
 }  // namespace
+
+double ProcessorNanoseconds() {
+    struct timespec now {};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
+}
 
 std::vector<Measurement> MeasureReaders(const ProfileFolder& folder, const std::vector<Reader>& readers,
                                         std::size_t rounds, std::uint64_t seed) {

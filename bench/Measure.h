@@ -11,6 +11,10 @@
 #include "bench/Quartiles.h"
 #include "bench/Readers.h"
 
+// The processor time of this thread. Nothing here waits for a disk, so on a quiet machine it is the time by
+// the clock; on a busy one it leaves out the turns of others.
+double ProcessorNanoseconds();
+
 struct Measurement {
     Reader reader;
     std::vector<double> nanoseconds;  // a file, one value a round
