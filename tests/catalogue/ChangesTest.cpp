@@ -114,6 +114,41 @@ TEST(CatalogueChanges, RecentListKeepsTheTenNewest) {
     EXPECT_EQ(catalogue.Recent(), "|8|7|6|5|4|3|2|1|0|B");
 }
 
+TEST(CatalogueChanges, DeletedIDEndsAtItsFirstNullUnit) {
+    LoadedCatalogue catalogue;
+    catalogue.folder.WriteBytes(KM_TEXT("user\\A"), "another file");
+    EXPECT_TRUE(catalogue.DeleteProfile(kmString(KM_TEXT("A\0B"), 3)));
+    EXPECT_FALSE(catalogue.IsOnDisk("user\\A"));
+    EXPECT_TRUE(exists(catalogue.folder.SystemPath(KM_TEXT("user\\A"))))
+        << "a file that is no profile is gone";
+    EXPECT_EQ(catalogue.State(), "|Main|Sys|B; |Main|B; |B|A");
+}
+
+TEST(CatalogueChanges, DeletionStaysInTheUsersFolder) {
+    LoadedCatalogue catalogue;
+    for (const char* id : {"../user/A", "..\\user\\A", "./A"}) {
+        catalogue.ProfileChanged(PROFILE_SAVED, Text(id).c_str(), nullptr);
+        EXPECT_FALSE(catalogue.DeleteProfile(Text(id))) << id;
+        EXPECT_TRUE(catalogue.IsOnDisk("user\\A")) << id;
+    }
+}
+
+TEST(CatalogueChanges, RecentOnesAreToldWithTheCallersPointers) {
+    LoadedCatalogue catalogue;
+    const kmChar* told[2] = {};
+    catalogue.RegisterChangedCallback(
+        [](PROFILE_CHANGED_TYPE, const kmChar* first, const kmChar* second, void* data) {
+            static_cast<const kmChar**>(data)[0] = first;
+            static_cast<const kmChar**>(data)[1] = second;
+        },
+        told);
+    const kmChar* owned = catalogue.GetUserGroup().GetProfileIDs()[0].c_str();
+    const kmChar* text = KM_TEXT("text");
+    catalogue.ProfileChanged(PROFILE_RECENT_ADDED, owned, text);
+    EXPECT_EQ(told[0], owned);
+    EXPECT_EQ(told[1], text);
+}
+
 TEST(CatalogueChanges, NoIDIsRefused) {
     LoadedCatalogue catalogue;
     for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)}) {

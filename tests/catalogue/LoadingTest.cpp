@@ -78,6 +78,65 @@ TEST(CatalogueLoading, GroupsStandInTheirOrder) {
     }
 }
 
+// What a message handler does to the catalogue in the middle of a load.
+struct Meddling {
+    kmManager* manager;
+    void (*meddle)(kmManager& manager);
+};
+
+TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
+    const struct {
+        const char* fault;
+        void (*meddle)(kmManager& manager);
+    } rows[] = {
+        {"later_user_profile_added",
+         [](kmManager& m) { m.ProfileChanged(PROFILE_SAVED, KM_TEXT("z"), nullptr); }},
+        {"later_system_profile_added", [](kmManager& m) { m.AddUserProfile(KM_TEXT("s")); }},
+        {"id_put_into_the_list",
+         [](kmManager& m) { m.GetUserGroup().GetProfileIDs().push_back(KM_TEXT("z")); }},
+        {"group_renamed",
+         [](kmManager& m) {
+             for (kmGroup& group : m.GetSystemGroups()) group.SetName(KM_TEXT("renamed"));
+         }},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.fault);
+        const ProfilesFolder folder;
+        for (const char* id : {"a", "s", "t"}) folder.AddProfile(id, SystemProfile(InGroup("g")));
+        for (const char* id : {"b", "user\\b", "user\\broken", "broken", "user\\z"})
+            folder.AddProfile(id, std::string(id).ends_with("broken") ? "<" : UserProfile());
+        folder.WriteBytes(KM_TEXT("pficon.con"), "<items/>");
+        folder.WriteBytes(KM_TEXT("user\\userpf.con"), "<items/>");
+        Catalogue catalogue;
+        Meddling meddling{&catalogue, row.meddle};
+        kmSetMessageHandler(
+            [](const kmMessage&, void* data) {
+                const Meddling& self = *static_cast<Meddling*>(data);
+                self.meddle(*self.manager);
+            },
+            &meddling);
+        catalogue.Load(folder.Path());
+        kmSetMessageHandler(nullptr, nullptr);
+        std::vector<kmGroup> groups = catalogue.GetSystemGroups();
+        groups.push_back(catalogue.GetUserGroup());
+        for (kmGroup& group : groups) {
+            std::vector<kmString> ids = group.GetProfileIDs();
+            std::sort(ids.begin(), ids.end());
+            EXPECT_EQ(std::adjacent_find(ids.begin(), ids.end()), ids.end()) << Utf8(group.GetName());
+        }
+        EXPECT_NE(Joined(catalogue.GetUserGroup().GetProfileIDs()).find("|z"), std::string::npos);
+    }
+}
+
+TEST(CatalogueLoading, FolderEndsAtItsFirstNullUnit) {
+    const CapturedMessages messages;
+    const ProfilesFolder folder;
+    folder.AddProfile("a", UserProfile());
+    Catalogue catalogue;
+    catalogue.Load(folder.Path() + kmString(KM_TEXT("\0x"), 2));
+    EXPECT_EQ(Records(catalogue.GetProfiles()), "|a");
+}
+
 TEST(CatalogueLoading, NextLoadBeginsAnew) {
     const CapturedMessages messages;
     const ProfilesFolder folder, empty;

@@ -1,8 +1,21 @@
 // How an item maps between its value and the positions of the simple view.
 #include <gtest/gtest.h>
 
+#include <type_traits>
+#include <utility>
+
+#include "kmGroup.h"
+#include "kmProfileInfo.h"
 #include "kmProfileItem.h"
 #include "tests/support/Text.h"
+
+// Assignment gives a constant reference, of a temporary too.
+template <class T>
+constexpr bool kAssignsToConstant =
+    std::is_same_v<decltype(std::declval<T&>() = std::declval<T>()), const T&>;
+static_assert(kAssignsToConstant<kmProfileItem>);
+static_assert(kAssignsToConstant<kmGroup>);
+static_assert(kAssignsToConstant<kmProfileInfo>);
 
 TEST(ProfileItem, PositionOfTheValue) {
     constexpr const char *kRates = "320|256|192|128|96|64", *kCodecs = "mpeg4|xvid|xvid|h264",

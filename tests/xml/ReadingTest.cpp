@@ -254,4 +254,16 @@ TEST(XmlReading, CodesWithoutATextAreUnknown) {
         EXPECT_EQ(Utf8(XMLNode::GetErrorText(static_cast<XMLErrorCode>(code))), "Unknown") << code;
 }
 
+TEST(XmlReading, FilesAboveTheLimitAreNotRead) {
+    const TemporaryFolder folder;
+    constexpr std::uintmax_t kLimit = std::uintmax_t{64} << 20;
+    folder.WriteBytes(KM_TEXT("f"), "\xFF\xFE<");
+    for (const std::uintmax_t size : {kLimit, kLimit + 1, std::uintmax_t{3} << 30}) {
+        std::filesystem::resize_file(folder.SystemPath(KM_TEXT("f")), size);
+        XMLParseResult result;
+        static_cast<void>(XMLNode::ParseDocumentFile(folder.Path(KM_TEXT("f")).c_str(), nullptr, &result));
+        EXPECT_EQ(result.code == XML_ERROR_FILE_NOT_FOUND, size > kLimit) << size << " gives " << result.code;
+    }
+}
+
 }  // namespace

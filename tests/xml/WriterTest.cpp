@@ -60,4 +60,18 @@ TEST(XmlWriting, FilesThatCannotBeOpened) {
     EXPECT_EQ(XMLNode().SaveToFile(missingFolder.c_str(), nullptr, true), 0) << "nothing is to be written";
 }
 
+// Deep trees grow with the square of their depth when they are indented.
+TEST(XmlWriting, TextsAboveTheLimitAreNotWritten) {
+    const TemporaryFolder folder;
+    XMLNode root = XMLNode::CreateRoot(KM_TEXT("a"), false);
+    XMLNode deepest = root;
+    for (int depth = 0; depth < 9000; ++depth) deepest = deepest.AppendChild(KM_TEXT("a"), false);
+    folder.WriteBytes(KM_TEXT("f"), "old");
+    const kmString path = folder.Path(KM_TEXT("f"));
+    EXPECT_EQ(root.SaveToFile(path.c_str(), nullptr, /*formatted=*/true), XML_ERROR_WRITE);
+    EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("f"))), "old");
+    EXPECT_FALSE(root.ReadsBackTheSame());
+    EXPECT_EQ(root.SaveToFile(path.c_str(), nullptr, /*formatted=*/false), XML_ERROR_NONE);
+}
+
 }  // namespace
