@@ -15,15 +15,15 @@ namespace {
 const kmChar* const kPath = KM_TEXT("\\p\\x.pf");
 const kmChar* const kRoot = KM_TEXT("Profiles");
 
-void Erase(std::string& text, std::string_view part) {
-    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part))
-        text.erase(at, part.size());
-}
-
 // What is left of a tree without white space and empty texts, which files do not keep.
 std::string Describe(const XMLNode& node) {
-    std::string description = Dump(node);
-    for (const char* part : {" ", "\t", "\r", "\n", "''", "()"}) Erase(description, part);
+    std::string description;
+    for (const char c : Dump(node)) {
+        if (c == ' ' || (c >= '\t' && c <= '\r')) continue;
+        description += c;
+        if (description.ends_with("''") || description.ends_with("()"))
+            description.resize(description.size() - 2);
+    }
     return description;
 }
 
@@ -53,19 +53,32 @@ void CheckWriting(const XMLNode& node) {
     RequireSame(TextOf(other, /*formatted=*/true), text, "both layouts hold the same");
 }
 
+struct Reading {
+    XMLParseResult result;
+    XMLNode node;
+};
+
+void RequireSame(const Reading& a, const Reading& b, const char* law) {
+    Require(a.result.code == b.result.code && a.result.line == b.result.line &&
+                a.result.column == b.result.column && Dump(a.node) == Dump(b.node),
+            law);
+}
+
 void CheckReading(std::string_view bytes, const kmChar* firstTag) {
-    XMLParseResult fromFile;
-    XMLParseResult fromText;
-    const XMLNode node = XMLNode::ParseDocumentFile(kPath, firstTag, &fromFile);
+    const kmChar* const utf16Path = KM_TEXT("\\p\\utf16");
     const kmString text(bytes.begin(), bytes.end());
-    const XMLNode other = XMLNode::ParseDocumentText(text.c_str(), firstTag, &fromText);
+    memory::WriteFile(utf16Path, "\xFF\xFE" + Utf16Bytes(text));
+    Reading file;
+    Reading utf16;
+    Reading inMemory;
+    file.node = XMLNode::ParseDocumentFile(kPath, firstTag, &file.result);
+    utf16.node = XMLNode::ParseDocumentFile(utf16Path, firstTag, &utf16.result);
+    inMemory.node = XMLNode::ParseDocumentText(text.c_str(), firstTag, &inMemory.result);
+    RequireSame(utf16, inMemory, "a text and a file in UTF-16 are read the same");
     const bool isAscii = std::all_of(bytes.begin(), bytes.end(), [](char c) { return c > 0; });
-    if (isAscii && !bytes.empty()) {
-        Require(fromFile.code == fromText.code && fromFile.line == fromText.line &&
-                    fromFile.column == fromText.column && Dump(node) == Dump(other),
-                "files and texts are read the same");
-    }
-    if (!node.IsEmpty()) CheckWriting(node);
+    if (isAscii && !bytes.empty())
+        RequireSame(file, inMemory, "a text and a file in ASCII are read the same");
+    if (!file.node.IsEmpty()) CheckWriting(file.node);
 }
 
 void CheckRenaming() {
