@@ -50,7 +50,9 @@ void AskDerivedValues(const kmProfile& profile) {
     int height = 0;
     const bool hasSize = profile.GetSize(width, height);
     Require((width > 0) == (height > 0) && (hasSize || width == 0), "a frame has both sides or none");
-    static_cast<void>(profile.GetZoom() + profile.GetAspectratio());
+    Require(profile.GetSimpleItems().size() <= profile.GetProfileItems().size(),
+            "a view shows what there is");
+    static_cast<void>(profile.GetType() + profile.GetZoom() + profile.GetAspectratio());
     static_cast<void>(profile.GetStartTime() + profile.GetDuration());
     for (const std::int64_t time : kTimes) {
         static_cast<void>(profile.CalcP2VOutputFileSize(time));
