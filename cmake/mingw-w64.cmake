@@ -5,8 +5,6 @@ set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)
 set(CMAKE_RC_COMPILER x86_64-w64-mingw32-windres)
-# This compiler's optimiser sees a mismatch where a test brings its own operator new.
-set(CMAKE_CXX_FLAGS_INIT "-Wno-mismatched-new-delete")
 foreach(kind IN ITEMS EXE SHARED MODULE)
     set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static -static-libgcc -static-libstdc++")
 endforeach()

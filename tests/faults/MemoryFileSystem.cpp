@@ -65,7 +65,12 @@ kmString ToText(const Path& path) { return path; }
 #else
 Path ToPath(kmStringView text) {
     Path path;
-    for (const kmChar unit : text) path += unit == KM_TEXT('\\') ? "\\" : BytesFromText({&unit, 1});
+    for (std::size_t start = 0; start <= text.size();) {
+        const std::size_t end = std::min(text.find(KM_TEXT('\\'), start), text.size());
+        path += BytesFromText(text.substr(start, end - start));
+        if (end < text.size()) path += kSeparator;
+        start = end + 1;
+    }
     return path;
 }
 kmString ToText(const Path& path) {

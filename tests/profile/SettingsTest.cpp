@@ -36,28 +36,6 @@ TEST(Settings, FrameSizes) {
     }
 }
 
-TEST(Settings, Times) {
-    // clang-format off
-    const struct { const char* fault; std::string time; std::int64_t expected; } rows[] = {
-        {"fields_of_one_digit_refused",        "1:02:3",        3'723'000'000},
-        {"hour_24_read_as_an_hour",            "24:00:00",      24'000'000},
-        {"second_60_read_as_a_time",           "00:00:60",      0},
-        {"minutes_and_seconds_read_as_a_time", "1:30",          1'000'000},
-        {"digit_after_the_field_ignored",      "0:0:123",       12'000'000},
-        {"clock_time_after_a_space_or_nothing", " 02:01:30",    2'000'000},
-        {"seconds_read_as_octal",              "0090",          90'000'000},
-        {"seventh_digit_or_missing_seconds",   ".1234569",      123'456},
-        {"fraction_goes_on_after_a_letter",    "1.5s7",         1'500'000},
-        {"fraction_added_to_negative_seconds", "-00:00:05.5",   -5'500'000},
-        {"second_sign_or_large_number_wraps",  "--99999999999", 2'147'483'648'000'000}};
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault + (", given '" + row.time + "'"));
-        EXPECT_EQ(ProfileWith("ss=" + row.time + ";").GetStartTime(), row.expected);
-        EXPECT_EQ(ProfileWith("pt=" + row.time + ";").GetDuration(), row.expected);
-    }
-}
-
 TEST(Settings, DurationIsThatOfThePicturesOnlyWithoutAnother) {
     EXPECT_EQ(ProfileWith("pt=9;t=Full;").GetDuration(), 0);
     EXPECT_EQ(kmProfile().GetDuration(), 0);

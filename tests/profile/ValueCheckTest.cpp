@@ -72,34 +72,6 @@ TEST(ValueCheck, NoIDIsRefusedWithoutAMessage) {
     }
 }
 
-TEST(ValueCheck, Times) {
-    constexpr int kUntouched = -7;
-    // clang-format off
-    const struct { const char *fault, *time; int expected, seconds; } rows[] = {
-        {"empty_text_given_a_total",          "",             1,  kUntouched},
-        {"fields_read_as_octal_numbers",      "00:00:09",     1,  9},
-        {"empty_fields_refused",              "::",           1,  0},
-        {"hours_above_23_refused",            "99:59:59",     1,  359999},
-        {"minute_60_called_well_formed",      "00:60:00",     0,  3600},
-        {"second_60_called_well_formed",      "00:00:60",     0,  60},
-        {"three_digit_hour_well_formed",      "100:00:00",    0,  360000},
-        {"three_digit_minute_well_formed",    "0:001:0",      0,  60},
-        {"hours_in_front_of_one_colon",       "12:30",        0,  750},
-        {"plain_seconds_refused",             "90",           0,  90},
-        {"third_colon_accepted",              "1:2:3:",       -1, kUntouched},
-        {"fraction_accepted_or_total_given",  "1.5",          -1, kUntouched},
-        {"digit_of_another_script_accepted",  "\u0661:00:00", -1, kUntouched}};
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.fault << ", given '" << row.time << "'");
-        const kmString time = Text(row.time);
-        int seconds = kUntouched;
-        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), &seconds), row.expected);
-        EXPECT_EQ(seconds, row.seconds);
-        EXPECT_EQ(kmProfileItem::IsValidTime(time.c_str(), nullptr), row.expected);
-    }
-}
-
 // The total is then any number, but a defined one: signed overflow would end a sanitizer's run.
 TEST(ValueCheck, FieldsBeyondTheNumbersAreReadAllTheSame) {
     int seconds = 0;

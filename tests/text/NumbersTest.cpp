@@ -14,40 +14,6 @@ constexpr std::int64_t kMin64 = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t kMax64 = std::numeric_limits<std::int64_t>::max();
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-TEST(Numbers, ReadInteger) {
-    // The number in base 0 and how many units it took, then the same in base 10.
-    // clang-format off
-    const struct { const char *name, *text; int base0, end0, base10, end10; } rows[] = {
-        {"empty_text_read", "", 0, 0, 0, 0},
-        {"space_and_sign_taken_without_digits", "  -", 0, 0, 0, 0},
-        {"space_after_the_sign_skipped", "- 5", 0, 0, 0, 0},
-        {"two_signs_taken", "+-5", 0, 0, 0, 0},
-        {"plus_refused", "+5", 5, 2, 5, 2},
-        {"white_space_refused_or_taken_at_the_end", " \t\n\v\f\r-7 ", -7, 8, -7, 8},
-        {"prefix_in_capitals_refused", "0X1Fg", 31, 4, 0, 1},
-        {"sign_before_the_prefix_lost", "-0x10", -16, 5, 0, 2},
-        {"prefix_without_digits_taken", "0xg", 0, 1, 0, 1},
-        {"octal_read_as_decimal", "010", 8, 3, 10, 3},
-        {"eight_taken_for_octal", "08", 0, 1, 8, 2},
-        {"one_too_many_wraps", "2147483648", kMax, 10, kMax, 10},
-        {"one_too_few_wraps", "-2147483649", kMin, 11, kMin, 11},
-        {"64_bits_wrap", "18446744073709551621", kMax, 20, kMax, 20},
-        {"hexadecimal_wraps", "0xFFFFFFFF", kMax, 10, 0, 1},
-        {"full_width_digit_taken", "1\uff13", 1, 1, 1, 1},
-        {"no_break_space_skipped", "\u00a05", 0, 0, 0, 0},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.name << " given \"" << row.text << '"');
-        const auto exact = ExactBuffer(TextFromBytes(row.text));
-        const kmChar* end = nullptr;
-        EXPECT_EQ(ReadInteger(exact.data(), 0, &end), row.base0);
-        EXPECT_EQ(end - exact.data(), row.end0);
-        EXPECT_EQ(ReadInteger(exact.data(), 10, &end), row.base10);
-        EXPECT_EQ(end - exact.data(), row.end10);
-    }
-}
-
 TEST(Numbers, IntegerTextReadsBack) {
     for (const std::int32_t value : {kMin, kMin + 1, -10, -1, 0, 9, 10, 999999999, kMax}) {
         EXPECT_EQ(Utf8(IntegerText(value)), std::to_string(value));

@@ -43,47 +43,4 @@ TEST(CTString, ReplaceAll) {
     }
 }
 
-TEST(CTString, TrimsAndLowers) {
-    // clang-format off
-    const struct { const char *name, *text, *left, *both, *lower; } rows[] = {
-        {"inner_ones_trimmed", "^^A^b^", "A^b^", "A^b", "^^a^b^"},
-        {"last_of_them_kept", "^^^", "", "", "^^^"},
-        {"empty_text_read", "", "", "", ""},
-        {"other_units_trimmed_or_lowered", " ^AZ@[\u00c9", " ^AZ@[\u00c9", " ^AZ@[\u00c9", " ^az@[\u00c9"},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.name << " given \"" << row.text << '"');
-        const kmCTString text(TextFromBytes(row.text).c_str());
-        kmCTString left = text;
-        left.TrimLeft(KM_TEXT('^'));
-        EXPECT_EQ(Utf8(left), row.left);
-        kmCTString both = text;
-        both.Trim(KM_TEXT('^'));
-        EXPECT_EQ(Utf8(both), row.both);
-        kmCTString lower = text;
-        lower.MakeLower();
-        EXPECT_EQ(Utf8(lower), row.lower);
-    }
-}
-
 TEST(CTString, ToIntKnowsPrefixes) { EXPECT_EQ(kmCTString(KM_TEXT(" 0x10")).ToInt(), 16); }
-
-TEST(CTString, Split) {
-    // clang-format off
-    const struct { const char *name, *text, *expected; } rows[] = {
-        {"spaces_kept", "a, b", "|a|b"},
-        {"inner_empty_piece_lost", "a,,b", "|a||b"},
-        {"last_empty_piece_lost", "a,b,", "|a|b|"},
-        {"pieces_of_spaces_lost", " , ", "||"},
-        {"last_piece_of_spaces_lost_or_doubled", "a, ", "|a|"},
-        {"empty_text_has_no_piece", "", "|"},
-        {"tab_trimmed", "\ta b ", "|\ta b"},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        std::vector<kmString> pieces = {KM_TEXT("left over")};
-        kmCTString(TextFromBytes(row.text).c_str()).Split(pieces, KM_TEXT(','));
-        EXPECT_EQ(Joined(pieces), row.expected) << row.name << " given \"" << row.text << '"';
-    }
-}

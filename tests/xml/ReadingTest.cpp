@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "tests/support/Messages.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TreeDump.h"
@@ -167,44 +165,6 @@ TEST(XmlReading, FilesThatCannotBeUsed) {
     }
     for (const kmChar* name : {KM_TEXT("none"), KM_TEXT("folder"), KM_TEXT("none\\f")})
         EXPECT_EQ(ParseFile(folder.Path(name)).second.code, 10) << Utf8(name);
-}
-
-// What holds for every input: a tree exactly with the codes 0 to 2, and a place with every code but 0 and 3.
-// Dumping the tree touches everything that it holds.
-void ExpectSound(const Parsed& parsed, kmStringView given) {
-    const auto& [node, result] = parsed;
-    SCOPED_TRACE(testing::Message() << "given " << testing::PrintToString(kmString(given)));
-    ASSERT_GE(result.code, 0);
-    ASSERT_LE(result.code, 12);
-    ASSERT_EQ(Dump(node) == "(empty)", result.code > 2) << "code " << result.code;
-    ASSERT_EQ(result.line > 0, result.code != 0 && result.code != 3) << "code " << result.code;
-}
-
-TEST(XmlReading, DocumentsCutAtEveryPlace) {
-    const kmStringView profile = kProfile;
-    for (std::size_t length = 0; length <= profile.size(); ++length) {
-        const kmStringView text = profile.substr(0, length);
-        ASSERT_NO_FATAL_FAILURE(ExpectSound(Parse(text), text));
-    }
-    for (const DocumentCase& row : kDocuments) {
-        for (kmString text = TextFromBytes(row.text); !text.empty(); text.pop_back())
-            ASSERT_NO_FATAL_FAILURE(ExpectSound(Parse(text), text));
-    }
-}
-
-TEST(XmlReading, Noise) {
-    std::mt19937 random(4);
-    const char* const pieces[] = {"<",   "</",        "<?",  "/>",        ">",     "a",    " ",
-                                  "=",   "'",         "\"",  "?",         "&amp;", "&#0;", "<!--",
-                                  "-->", "<![CDATA[", "]]>", "<!DOCTYPE", "\n",    "</a>"};
-    for (int round = 0; round < 30000; ++round) {
-        kmString text;
-        for (std::size_t i = random() % 30; i > 0; --i)
-            text += TextFromBytes(pieces[random() % std::size(pieces)]);
-        ASSERT_NO_FATAL_FAILURE(ExpectSound(Parse(text), text));
-        for (kmChar& unit : text) unit = static_cast<kmChar>(random());
-        ASSERT_NO_FATAL_FAILURE(ExpectSound(Parse(text), text));
-    }
 }
 
 TEST(XmlReading, AMillionElementsDeep) {
