@@ -59,6 +59,8 @@ kmString ProfilePath(const kmString& folder, const kmString& id) {
     return path;
 }
 
+kmString kmProfilePath(const kmString& folder, const kmString& id) { return ProfilePath(folder, id); }
+
 bool StaysInItsFolder(const kmString& id) {
     return !id.empty() && id.find_first_of(KM_TEXT("\\/:")) == kmString::npos;
 }

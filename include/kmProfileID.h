@@ -20,3 +20,6 @@ enum PROFILE_ID_FAULT : std::int32_t {
 // The first of these faults that `id` has. The ID ends at its first null unit, as in every operation that
 // takes one. Saving and renaming refuse a new ID with any fault.
 KM_EXPORT PROFILE_ID_FAULT kmFindIDFault(const kmString& id);
+
+// The path of the file of that ID in `folder`, which ends with "\".
+KM_EXPORT kmString kmProfilePath(const kmString& folder, const kmString& id);

@@ -1,25 +1,20 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <iterator>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
 #include "ProfileLoading.h"
 #include "Settings.h"
-#include "Texts.h"
 #include "kmArgOption.h"
+#include "kmFolders.h"
+#include "kmHeldBack.h"
+#include "kmText.h"
 
 namespace {
-
-// The settings that the option string never holds; whoever starts the encoder uses them in other ways.
-constexpr std::basic_string_view<kmChar> kHeldBack[] = {
-    KM_TEXT("ss"), KM_TEXT("t"), KM_TEXT("pt"), KM_TEXT("s"), KM_TEXT("r"), KM_TEXT("pi"), KM_TEXT("zoom"),
-};
 
 struct ArgsArguments {
     std::string id;
@@ -31,11 +26,11 @@ struct ArgsArguments {
 void AppendHeldBack(std::vector<std::string>& lines, const kmProfile& profile) {
     for (const kmProfileItem& item : profile.GetProfileItems()) {
         const kmString id = item.GetID();
+        if (!kmIsHeldBack(id.c_str())) continue;
         const kmChar* name = kmArgOption::GetOptionTitle(id.c_str());  // item IDs may be in any letter case
-        if (name == nullptr) continue;
-        if (std::find(std::begin(kHeldBack), std::end(kHeldBack), name) == std::end(kHeldBack)) continue;
-        const std::string value = Utf8FromText(item.GetValue());
-        if (!TrimSpaces(value).empty()) lines.push_back(Utf8FromText(name) + '=' + value);
+        const kmString value = item.GetValue();
+        const bool isBlank = value.find_first_not_of(KM_TEXT(' ')) == kmString::npos;
+        if (!isBlank) lines.push_back(kmUtf8FromText(name) + '=' + kmUtf8FromText(value));
     }
 }
 
@@ -46,10 +41,10 @@ void RequireOneLineEach(const std::vector<std::string>& lines) {
     }
 }
 
-void PrintArgs(const ArgsArguments& arguments, const std::string& folder) {
-    kmProfile profile = LoadProfile(folder, arguments.id);
+void PrintArgs(const ArgsArguments& arguments, const kmString& folder) {
+    kmProfile profile = LoadProfile(folder, kmPathFromUtf8(arguments.id));
     for (const std::string& setting : arguments.settings) ApplySetting(profile, setting, "--set");
-    std::vector<std::string> lines = {Utf8FromText(profile.GetAvcString(!arguments.noAudio))};
+    std::vector<std::string> lines = {kmUtf8FromText(profile.GetAvcString(!arguments.noAudio))};
     if (arguments.heldBack) AppendHeldBack(lines, profile);
     RequireOneLineEach(lines);
     for (const std::string& line : lines) Print(line + '\n');
@@ -76,5 +71,5 @@ part of the options: whoever starts the encoder applies them. --held-back prints
 Examples:
   kmprofile args "Holiday Clips"
   kmprofile args "Holiday Clips" --set ab=192 --set s=640x480 --held-back)");
-    command->callback([arguments, &global] { PrintArgs(*arguments, global.folder); });
+    command->callback([arguments, &global] { PrintArgs(*arguments, ProfilesFolder(global.folder)); });
 }

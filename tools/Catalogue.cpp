@@ -1,46 +1,41 @@
 #include "Catalogue.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 #include "Failure.h"
-#include "ProfileLoading.h"
-#include "Texts.h"
+#include "Paths.h"
+#include "kmFolders.h"
 
 namespace {
 
 // The library takes a folder that it cannot read for an empty one.
-void RequireReadable(const std::string& folder) {
-    std::error_code error;
-    const std::filesystem::directory_iterator files(std::u8string(folder.begin(), folder.end()), error);
-    if (error) throw Failure(folder + ": the folder cannot be read");
+void RequireReadable(const kmString& folder) {
+    if (!IsReadableFolder(folder)) throw Failure(kmUtf8FromPath(folder) + ": the folder cannot be read");
 }
 
 }  // namespace
 
-kmManager& LoadCatalogue(const std::string& folder) {
-    const std::string path = ProfilesFolder(folder);
-    if (!FileExists(path)) throw Failure(path + ": no such folder");
-    RequireReadable(path);
-    if (FileExists(path + kUserFolder)) RequireReadable(path + kUserFolder);
+kmManager& LoadCatalogue(const kmString& folder) {
+    if (!PathExists(folder)) throw Failure(kmUtf8FromPath(folder) + ": no such folder");
+    RequireReadable(folder);
+    const kmString userFolder = kmUserFolder(folder);
+    if (PathExists(userFolder)) RequireReadable(userFolder);
     kmManager& catalogue = kmManager::GetInstance();
-    catalogue.Load(NameFromUtf8(folder));
+    catalogue.Load(folder);
     return catalogue;
 }
 
-bool IsProfile(kmManager& catalogue, const std::string& id) {
-    const kmString wanted = NameFromUtf8(id);
+bool IsProfile(kmManager& catalogue, const kmString& id) {
     const std::vector<kmProfileInfo>& profiles = catalogue.GetProfiles();
     return std::any_of(profiles.begin(), profiles.end(),
-                       [&wanted](const kmProfileInfo& info) { return info.GetID() == wanted; });
+                       [&id](const kmProfileInfo& info) { return info.GetID() == id; });
 }
 
-std::string KnownID(kmManager& catalogue, const std::string& id) {
+kmString KnownID(kmManager& catalogue, const kmString& id) {
     if (IsProfile(catalogue, id)) return id;
-    const kmProfileInfo* info = catalogue.GetProfileInfo(NameFromUtf8(id).c_str());
-    return info == nullptr ? id : Utf8FromText(info->GetID());
+    const kmProfileInfo* info = catalogue.GetProfileInfo(id.c_str());
+    return info == nullptr ? id : info->GetID();
 }
 
 const char* OwnerName(bool isSystem) { return isSystem ? "system" : "user"; }

@@ -5,8 +5,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
-#include "Texts.h"
 #include "kmProfileItem.h"
+#include "kmText.h"
 
 namespace {
 
@@ -19,9 +19,9 @@ struct CheckArguments {
 void Check(const CheckArguments& arguments) {
     if (arguments.name.empty()) throw UsageFailure("the option's name is empty");
     kmString message;
-    const kmString name = TextFromUtf8(arguments.name);
-    if (kmProfileItem::Check(message, name.c_str(), TextFromUtf8(arguments.value).c_str())) return;
-    Print(Utf8FromText(message) + '\n');
+    const kmString name = kmTextFromUtf8(arguments.name);
+    if (kmProfileItem::Check(message, name.c_str(), kmTextFromUtf8(arguments.value).c_str())) return;
+    Print(kmUtf8FromText(message) + '\n');
     throw Failure("");
 }
 

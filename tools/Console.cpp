@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "Texts.h"
+#include "Printable.h"
 
 std::vector<std::string> ProgramArguments(int argc, char** argv) {
     if (argc < 1) return {};  // a caller may pass not even the name

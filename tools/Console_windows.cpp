@@ -13,7 +13,8 @@
 #include <memory>
 
 #include "Console.h"
-#include "Texts.h"
+#include "Printable.h"
+#include "kmText.h"
 
 namespace {
 
@@ -42,7 +43,7 @@ bool WriteToConsole(HANDLE console, std::basic_string_view<kmChar> text) {
 
 // A console takes UTF-16 whatever its code page; files and pipes receive the bytes.
 bool Write(std::FILE* stream, std::string_view text) {
-    if (const HANDLE console = FindConsole(stream)) return WriteToConsole(console, TextFromUtf8(text));
+    if (const HANDLE console = FindConsole(stream)) return WriteToConsole(console, kmTextFromUtf8(text));
     return std::fwrite(text.data(), 1, text.size(), stream) == text.size();
 }
 
@@ -57,7 +58,7 @@ std::vector<std::string> ProgramArguments(int, char**) {
     int count = 0;
     const std::unique_ptr<wchar_t*, FreeLocal> texts(CommandLineToArgvW(GetCommandLineW(), &count));
     std::vector<std::string> arguments;
-    for (int i = 1; texts && i < count; ++i) arguments.push_back(Utf8FromText(texts.get()[i]));
+    for (int i = 1; texts && i < count; ++i) arguments.push_back(kmUtf8FromText(texts.get()[i]));
     return arguments;
 }
 

@@ -6,28 +6,32 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
-#include "Texts.h"
+#include "kmFolders.h"
+#include "kmProfileID.h"
 
 namespace {
 
-std::string WhyNotDeleted(kmManager& catalogue, const std::string& id, const std::string& folder) {
-    const kmProfileInfo* info = catalogue.GetProfileInfo(NameFromUtf8(id).c_str());
+std::string WhyNotDeleted(kmManager& catalogue, const kmString& id, const kmString& folder) {
+    const kmProfileInfo* info = catalogue.GetProfileInfo(id.c_str());
     if (info == nullptr) {
         LoadProfile(folder, id);  // throws with the reason, unless the ID is a path to a profile
-        return "no profile " + Quoted(id) + " in the catalogue";
+        return "no profile " + QuotedID(id) + " in the catalogue";
     }
-    if (info->IsSystem()) return Quoted(id) + " is a system profile, which is never deleted";
-    const std::string path = ProfilesFolder(folder) + kUserFolder + id + ".pf";
-    if (FileExists(path)) return path + ": cannot be deleted";
-    return Quoted(id) + " is in the profiles folder itself; only those in its \"user\" subfolder are deleted";
+    if (info->IsSystem()) return QuotedID(id) + " is a system profile, which is never deleted";
+    const kmString path = kmProfilePath(kmUserFolder(folder), id);
+    if (PathExists(path)) return kmUtf8FromPath(path) + ": cannot be deleted";
+    return QuotedID(id) +
+           " is in the profiles folder itself; only those in its \"user\" subfolder are deleted";
 }
 
-void Delete(const std::string& wanted, const std::string& folder) {
+void Delete(const kmString& wanted, const kmString& folder) {
     kmManager& catalogue = LoadCatalogue(folder);
-    const std::string id = KnownID(catalogue, wanted);
-    if (!catalogue.DeleteProfile(NameFromUtf8(id))) throw Failure(WhyNotDeleted(catalogue, id, folder));
-    Print("deleted " + Quoted(id) + " from " + Printable(ProfilesFolder(folder) + kUserFolder) + '\n');
+    const kmString id = KnownID(catalogue, wanted);
+    if (!catalogue.DeleteProfile(id)) throw Failure(WhyNotDeleted(catalogue, id, folder));
+    Print("deleted " + QuotedID(id) + " from " + Printable(kmUtf8FromPath(kmUserFolder(folder))) + '\n');
 }
 
 }  // namespace
@@ -40,5 +44,5 @@ void AddDeleteCommand(CLI::App& app, const GlobalOptions& global) {
 
 Example:
   kmprofile delete "Holiday Clips")");
-    command->callback([id, &global] { Delete(*id, global.folder); });
+    command->callback([id, &global] { Delete(kmPathFromUtf8(*id), ProfilesFolder(global.folder)); });
 }

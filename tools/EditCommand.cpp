@@ -11,13 +11,17 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
 #include "Refusals.h"
 #include "Settings.h"
 #include "Table.h"
-#include "Texts.h"
 #include "Views.h"
+#include "kmFolders.h"
+#include "kmProfileFile.h"
 #include "kmProfileList.h"
+#include "kmText.h"
 
 namespace {
 
@@ -26,7 +30,7 @@ constexpr const char* kDiffers = "(differs)";
 using Selection = std::vector<kmProfile*>;
 
 struct EditRequest {
-    std::vector<std::string> ids;
+    std::vector<kmString> ids;
     std::vector<Setting> settings;
 };
 
@@ -34,11 +38,12 @@ struct EditRequest {
 EditRequest ReadRequest(const std::vector<std::string>& words, kmManager& catalogue) {
     EditRequest request;
     for (const std::string& word : words) {
-        if (word.find('=') != std::string::npos && !IsProfile(catalogue, word)) {
+        const kmString named = kmPathFromUtf8(word);
+        if (word.find('=') != std::string::npos && !IsProfile(catalogue, named)) {
             request.settings.push_back(ReadSetting(word));
             continue;
         }
-        const std::string id = KnownID(catalogue, word);
+        const kmString id = KnownID(catalogue, named);
         const bool isNew = std::find(request.ids.begin(), request.ids.end(), id) == request.ids.end();
         if (isNew) request.ids.push_back(id);
     }
@@ -52,19 +57,19 @@ std::string CommonValue(const Selection& profiles, const kmChar* id) {
     const bool differs =
         common.empty() && std::any_of(profiles.begin(), profiles.end(),
                                       [id](const auto* one) { return !one->GetItemValue(id).empty(); });
-    return differs ? kDiffers : Utf8FromText(common);
+    return differs ? kDiffers : kmUtf8FromText(common);
 }
 
 TableRow SimpleRow(const Selection& profiles, const kmProfileItem& item) {
     const kmString id = item.GetID();
     const std::vector<kmString>& display = item.GetSimpleCandidatesDisplay();
-    TableRow row = {{Utf8FromText(item.GetSimpleName()), CommonValue(profiles, id.c_str()),
+    TableRow row = {{kmUtf8FromText(item.GetSimpleName()), CommonValue(profiles, id.c_str()),
                      item.GetSimpleReadOnly() ? kReadOnly : ""}};
     if (!item.GetSimpleHasCandidates()) return row;
     const std::int32_t index = kmProfileList::GetSimpleItemValue(profiles, id.c_str());
-    if (index >= 0) row.cells[1] = Utf8FromText(display[static_cast<std::size_t>(index)]);
+    if (index >= 0) row.cells[1] = kmUtf8FromText(display[static_cast<std::size_t>(index)]);
     std::transform(display.begin(), display.end(), std::back_inserter(row.list),
-                   [](const kmString& text) { return Utf8FromText(text); });
+                   [](const kmString& text) { return kmUtf8FromText(text); });
     return row;
 }
 
@@ -77,8 +82,8 @@ std::vector<std::string> CommonChoices(const Selection& profiles, const kmProfil
         const auto value = std::find_if(values.begin(), values.end(), [&](const kmString& candidate) {
             return kmProfileList::GetDisplayValue(profiles, id.c_str(), candidate.c_str()) == text;
         });
-        const std::string shown = Utf8FromText(text);
-        choices.push_back(value == values.end() ? shown : TextAndValue(shown, Utf8FromText(*value)));
+        const std::string shown = kmUtf8FromText(text);
+        choices.push_back(value == values.end() ? shown : TextAndValue(shown, kmUtf8FromText(*value)));
     }
     return choices;
 }
@@ -87,10 +92,10 @@ TableRow AdvancedRow(const Selection& profiles, const kmProfileItem& item) {
     const kmString id = item.GetID();
     const kmString value = kmProfileList::GetItemValue(profiles, id.c_str());
     const std::string shown =
-        Utf8FromText(kmProfileList::GetDisplayValue(profiles, id.c_str(), value.c_str()));
-    TableRow row = {{Utf8FromText(item.GetAdvName()), Utf8FromText(id), CommonValue(profiles, id.c_str()),
+        kmUtf8FromText(kmProfileList::GetDisplayValue(profiles, id.c_str(), value.c_str()));
+    TableRow row = {{kmUtf8FromText(item.GetAdvName()), kmUtf8FromText(id), CommonValue(profiles, id.c_str()),
                      kmProfileList::IsReadOnly(profiles, id.c_str()) ? kReadOnly : ""}};
-    if (!value.empty() && !shown.empty()) row.cells[2] = TextAndValue(shown, Utf8FromText(value));
+    if (!value.empty() && !shown.empty()) row.cells[2] = TextAndValue(shown, kmUtf8FromText(value));
     if (item.GetAdvHasCandidates()) row.list = CommonChoices(profiles, item);
     return row;
 }
@@ -99,7 +104,7 @@ void ShowCommonView(const Selection& profiles) {
     std::vector<TableRow> rows;
     rows.reserve(profiles.size());
     for (const kmProfile* profile : profiles) {
-        rows.push_back({{Utf8FromText(profile->GetID()), OwnerName(profile->IsSystem())}});
+        rows.push_back({{kmUtf8FromPath(profile->GetID()), OwnerName(profile->IsSystem())}});
     }
     PrintTable(rows, 0);
     const std::vector<kmProfileItem> all = kmProfileList::GetAdvanceItems(profiles);
@@ -112,7 +117,7 @@ void ShowCommonView(const Selection& profiles) {
 void RequireUserProfiles(const Selection& profiles) {
     for (const kmProfile* profile : profiles) {
         if (!profile->IsSystem()) continue;
-        throw Failure(Quoted(Utf8FromText(profile->GetID())) +
+        throw Failure(QuotedID(profile->GetID()) +
                       " is a system profile, which is never changed; save a copy with kmprofile set --as");
     }
 }
@@ -126,28 +131,28 @@ void SetInAll(const Selection& profiles, const Setting& setting) {
 }
 
 // Those that are saved stay so when a later one fails; the output tells which.
-void SaveAll(std::vector<LoadedProfile>& loaded) {
-    for (LoadedProfile& one : loaded) {
-        const kmString id = one.profile.GetID();
-        const std::string name = Utf8FromText(id);
-        const PROFILE_EERROR error = one.profile.Save(id, /*overwrite=*/true);
-        if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotSaved(error, {name, name, one.folder}));
-        Print("saved " + Quoted(name) + " in " + Printable(one.folder) + '\n');
+void SaveAll(const Selection& profiles) {
+    for (kmProfile* profile : profiles) {
+        const kmString id = profile->GetID();
+        const kmString folder = kmFolderOf(*profile);
+        const PROFILE_EERROR error = profile->Save(id, /*overwrite=*/true);
+        if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotSaved(error, {id, id, folder}));
+        Print("saved " + QuotedID(id) + " in " + Printable(kmUtf8FromPath(folder)) + '\n');
     }
 }
 
-void Edit(const std::vector<std::string>& words, const std::string& folder) {
+void Edit(const std::vector<std::string>& words, const kmString& folder) {
     const EditRequest request = ReadRequest(words, LoadCatalogue(folder));
-    std::vector<LoadedProfile> loaded;
+    std::vector<kmProfile> loaded;
     loaded.reserve(request.ids.size());
-    for (const std::string& id : request.ids) loaded.push_back(LoadProfileFile(folder, id));
+    for (const kmString& id : request.ids) loaded.push_back(LoadProfile(folder, id));
     Selection profiles;
     profiles.reserve(loaded.size());
-    for (LoadedProfile& one : loaded) profiles.push_back(&one.profile);
+    for (kmProfile& profile : loaded) profiles.push_back(&profile);
     if (request.settings.empty()) return ShowCommonView(profiles);
     RequireUserProfiles(profiles);
     for (const Setting& setting : request.settings) SetInAll(profiles, setting);
-    SaveAll(loaded);
+    SaveAll(profiles);
 }
 
 }  // namespace
@@ -166,5 +171,5 @@ a "=" and is no profile's ID is a change.
 Examples:
   kmprofile edit "Holiday Clips" "Phone 240p"
   kmprofile edit "Holiday Clips" "Phone 240p" ab=128)");
-    command->callback([words, &global] { Edit(*words, global.folder); });
+    command->callback([words, &global] { Edit(*words, ProfilesFolder(global.folder)); });
 }

@@ -12,8 +12,11 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
-#include "Texts.h"
+#include "kmFolders.h"
+#include "kmText.h"
 
 namespace {
 
@@ -43,7 +46,7 @@ Integer ReadDigits(std::string_view text) {
 std::int64_t ReadDuration(const std::string& text) {
     int seconds = 0;
     if (text.find(':') != std::string::npos) {
-        if (kmProfileItem::IsValidTime(TextFromUtf8(text).c_str(), &seconds) == 1)
+        if (kmProfileItem::IsValidTime(kmTextFromUtf8(text).c_str(), &seconds) == 1)
             return seconds * kMicroseconds;
     } else if (const auto whole = ReadDigits<std::int64_t>(text);
                whole >= 0 && whole <= std::numeric_limits<std::int64_t>::max() / kMicroseconds) {
@@ -90,10 +93,10 @@ std::string InLargeUnits(std::int64_t bytes) {
     return text;
 }
 
-void Estimate(const EstimateArguments& arguments, const std::string& folder) {
+void Estimate(const EstimateArguments& arguments, const kmString& folder) {
     const std::int64_t duration = ReadDuration(arguments.duration);
     const FrameSize source = arguments.source ? ReadFrameSize(*arguments.source) : FrameSize();
-    const kmProfile profile = LoadProfile(folder, arguments.id);
+    const kmProfile profile = LoadProfile(folder, kmPathFromUtf8(arguments.id));
     if (!arguments.source && NeedsSourceSize(profile)) {
         throw UsageFailure(Quoted(arguments.id) + " keeps the source's frame size: give it with --source");
     }
@@ -123,5 +126,5 @@ counted over the profile's recording time (pt) instead of the input's duration; 
 Examples:
   kmprofile estimate "Holiday Clips" --duration 00:10:00
   kmprofile estimate "Holiday Clips" --duration 600 --no-audio)");
-    command->callback([arguments, &global] { Estimate(*arguments, global.folder); });
+    command->callback([arguments, &global] { Estimate(*arguments, ProfilesFolder(global.folder)); });
 }

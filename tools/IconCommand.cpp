@@ -9,10 +9,13 @@
 #include "Commands.h"
 #include "Failure.h"
 #include "LibraryMessages.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
-#include "Texts.h"
+#include "kmFolders.h"
 #include "kmIconParser.h"
+#include "kmText.h"
 
 namespace {
 
@@ -24,29 +27,30 @@ bool IsGroup(kmManager& catalogue, const std::string& name) {
     groups.push_back(catalogue.GetUserGroup());
     groups.push_back(catalogue.GetRecentGroup());
     return std::any_of(groups.begin(), groups.end(),
-                       [&name](const kmGroup& group) { return Utf8FromText(group.GetName()) == name; });
+                       [&name](const kmGroup& group) { return kmUtf8FromText(group.GetName()) == name; });
 }
 
-void RequireKnown(kmManager& catalogue, const std::string& id, bool group, const std::string& folder) {
+void RequireKnown(kmManager& catalogue, const std::string& id, bool group, const kmString& folder) {
     if (id == kDefaultIcon) return;
     if (group && !IsGroup(catalogue, id)) throw Failure("no group " + Quoted(id));
-    if (!group && !IsProfile(catalogue, id)) LoadProfile(folder, id);  // throws with the reason
+    const kmString profileID = kmPathFromUtf8(id);
+    if (!group && !IsProfile(catalogue, profileID)) LoadProfile(folder, profileID);  // throws with the reason
 }
 
 std::string WhyNoIcon(const std::string& id) {
     const kmString indexFile = KM_TEXT("\\pficon.con");
     const std::vector<LibraryMessage>& messages = LibraryMessages();
     const auto fault = std::find_if(messages.begin(), messages.end(), [&](const LibraryMessage& message) {
-        return !message.IsWarning() && message.path.ends_with(indexFile);
+        return !kmIsWarning(message.code) && message.path.ends_with(indexFile);
     });
     return "no icon for " + Quoted(id) + (fault == messages.end() ? "" : "; " + Describe(*fault));
 }
 
-void ShowIcon(const std::string& id, bool group, const std::string& folder) {
+void ShowIcon(const std::string& id, bool group, const kmString& folder) {
     kmManager& catalogue = LoadCatalogue(folder);
     RequireKnown(catalogue, id, group, folder);
     const kmIconParser& icons = *catalogue.GetIconParser();
-    const kmString key = group ? TextFromUtf8(id) : NameFromUtf8(id);
+    const kmString key = group ? kmTextFromUtf8(id) : kmPathFromUtf8(id);
     const std::int32_t index = icons.GetIconIndex(key.c_str(), group);
     const kmString image = icons.GetImageFileName(key.c_str(), group);
     if (image.empty()) throw Failure(WhyNoIcon(id));
@@ -54,10 +58,10 @@ void ShowIcon(const std::string& id, bool group, const std::string& folder) {
     std::int32_t height = 0;
     kmString transparentColor;
     icons.GetIconInfo(width, height, transparentColor, group);
-    PrintTable({{{"Image file", Utf8FromText(image)}},
+    PrintTable({{{"Image file", kmUtf8FromText(image)}},
                 {{"Index", std::to_string(index)}},
                 {{"Size", std::to_string(width) + " x " + std::to_string(height)}},
-                {{"Transparent colour", Utf8FromText(transparentColor)}}},
+                {{"Transparent colour", kmUtf8FromText(transparentColor)}}},
                0);
 }
 
@@ -77,5 +81,6 @@ void AddIconCommand(CLI::App& app, const GlobalOptions& global) {
 Examples:
   kmprofile icon "Holiday Clips"
   kmprofile icon "User Defined" --group)");
-    command->callback([arguments, &global] { ShowIcon(arguments->id, arguments->group, global.folder); });
+    command->callback(
+        [arguments, &global] { ShowIcon(arguments->id, arguments->group, ProfilesFolder(global.folder)); });
 }

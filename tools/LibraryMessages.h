@@ -5,19 +5,14 @@
 #include <string>
 #include <vector>
 
-#include "kmTypes.h"
+#include "kmMessages.h"
 
 struct LibraryMessage {
     kmString path;
-    std::int32_t code;
+    XMLErrorCode code;
     std::string text;
     std::int32_t line;
     std::int32_t column;
-
-    // The file was used all the same.
-    bool IsWarning() const;
-    // There is no such file, or it may not be read.
-    bool IsFileNotFound() const;
 };
 
 // From now on the library prints nothing: its messages are collected.

@@ -9,10 +9,13 @@
 #include "Catalogue.h"
 #include "Commands.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "Table.h"
-#include "Texts.h"
 #include "Views.h"
+#include "kmFolders.h"
 #include "kmIconParser.h"
+#include "kmText.h"
 
 namespace {
 
@@ -36,8 +39,8 @@ Records RecordsOf(kmManager& catalogue) {
 TableRow RowOf(const kmProfileInfo& info, const kmIconParser& icons) {
     const kmString id = info.GetID();
     const std::int32_t index = icons.GetIconIndex(id.c_str(), false);
-    return {{Utf8FromText(info.GetName()), Utf8FromText(id), OwnerName(info.IsSystem()),
-             Utf8FromText(icons.GetImageFileName(id.c_str(), false)),
+    return {{kmUtf8FromText(info.GetName()), kmUtf8FromPath(id), OwnerName(info.IsSystem()),
+             kmUtf8FromText(icons.GetImageFileName(id.c_str(), false)),
              index < 0 ? std::string("no icon") : std::to_string(index)}};
 }
 
@@ -49,20 +52,20 @@ TableSection SectionOf(const kmGroup& group, bool isSystem, const Records& recor
         if (record != records.end()) section.rows.push_back(RowOf(*record->second, icons));
     }
     const std::size_t count = section.rows.size();
-    section.heading = Utf8FromText(group.GetName()) + " (" + std::to_string(count) +
+    section.heading = kmUtf8FromText(group.GetName()) + " (" + std::to_string(count) +
                       (count == 1 ? " profile)" : " profiles)");
     return section;
 }
 
-void List(const ListArguments& arguments, bool oneGroup, const std::string& folder) {
+void List(const ListArguments& arguments, bool oneGroup, const kmString& folder) {
     kmManager& catalogue = kmManager::GetInstance();
-    catalogue.SetIDFilter(NameFromUtf8(arguments.idFilter).c_str());
-    catalogue.SetGroupFilter(TextFromUtf8(arguments.groupFilter).c_str());
+    catalogue.SetIDFilter(kmPathFromUtf8(arguments.idFilter).c_str());
+    catalogue.SetGroupFilter(kmTextFromUtf8(arguments.groupFilter).c_str());
     LoadCatalogue(folder);
     const Records records = RecordsOf(catalogue);
     const kmIconParser& icons = *catalogue.GetIconParser();
     const auto isWanted = [&](const kmGroup& group) {
-        return !oneGroup || Utf8FromText(group.GetName()) == arguments.group;
+        return !oneGroup || kmUtf8FromText(group.GetName()) == arguments.group;
     };
     std::vector<TableSection> sections;
     for (const kmGroup& group : catalogue.GetSystemGroups()) {
@@ -98,5 +101,7 @@ Examples:
   kmprofile list
   kmprofile list --group "User Defined"
   kmprofile list --group-filter "~PSP|Zune")");
-    command->callback([arguments, group, &global] { List(*arguments, group->count() != 0, global.folder); });
+    command->callback([arguments, group, &global] {
+        List(*arguments, group->count() != 0, ProfilesFolder(global.folder));
+    });
 }

@@ -9,7 +9,7 @@
 #include "Console.h"
 #include "Failure.h"
 #include "LibraryMessages.h"
-#include "Texts.h"
+#include "Printable.h"
 
 namespace {
 

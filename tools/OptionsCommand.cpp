@@ -9,9 +9,10 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Printable.h"
 #include "Table.h"
-#include "Texts.h"
 #include "kmArgOption.h"
+#include "kmText.h"
 
 namespace {
 
@@ -35,7 +36,9 @@ constexpr FlagWords kFlagWords[] = {
     {ARG_NOT_PASSED, "never passed to the encoder"},
 };
 
-std::string TextOrNothing(const kmChar* text) { return text == nullptr ? std::string() : Utf8FromText(text); }
+std::string TextOrNothing(const kmChar* text) {
+    return text == nullptr ? std::string() : kmUtf8FromText(text);
+}
 
 std::vector<std::string> FlagsOf(const _ArgOption& option) {
     std::vector<std::string> flags;
@@ -48,7 +51,7 @@ std::vector<std::string> FlagsOf(const _ArgOption& option) {
 std::vector<std::string> SuggestedValues(const _ArgOption& option) {
     std::vector<std::string> values;
     for (const kmChar* const* value = kmArgOption::GetListVal(option.name); *value != nullptr; ++value) {
-        values.push_back(Utf8FromText(*value));
+        values.push_back(kmUtf8FromText(*value));
     }
     return values;
 }
@@ -57,16 +60,16 @@ void ListOptions() {
     std::vector<TableRow> rows = {{{"Name", "Default", "Meaning"}}};
     for (int index = 0; const _ArgOption* option = kmArgOption::GetArgOption(index); ++index) {
         rows.push_back(
-            {{Utf8FromText(option->name), TextOrNothing(option->defVal), TextOrNothing(option->comments)}});
+            {{kmUtf8FromText(option->name), TextOrNothing(option->defVal), TextOrNothing(option->comments)}});
     }
     PrintTable(rows, 0);
 }
 
 void ShowOption(const std::string& name) {
-    const _ArgOption* option = kmArgOption::GetArgOption(TextFromUtf8(name).c_str());
+    const _ArgOption* option = kmArgOption::GetArgOption(kmTextFromUtf8(name).c_str());
     if (option == nullptr) throw Failure("no option " + Quoted(name));
     const std::vector<TableRow> all = {
-        {{"Name"}, {Utf8FromText(option->name)}},       {{"Kind"}, FlagsOf(*option)},
+        {{"Name"}, {kmUtf8FromText(option->name)}},     {{"Kind"}, FlagsOf(*option)},
         {{"Default"}, {TextOrNothing(option->defVal)}}, {{"Meaning"}, {TextOrNothing(option->comments)}},
         {{"Values"}, SuggestedValues(*option)},
     };

@@ -2,84 +2,48 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
-#include <system_error>
+#include <string>
 #include <vector>
 
 #include "Failure.h"
 #include "LibraryMessages.h"
-#include "Texts.h"
+#include "Paths.h"
+#include "Printable.h"
+#include "kmFolders.h"
+#include "kmProfileFile.h"
+#include "kmProfileID.h"
 
 namespace {
 
-// The library looks in the folder and then in its "user" subfolder, so that one load leaves two messages when
-// both fail. `messages` are those of one load.
+// Those of one load. The library looks in the folder and then in that of the user's profiles, so that there
+// are two when there is no such profile.
 using Messages = std::vector<LibraryMessage>;
 
-const LibraryMessage* FindParseError(const Messages& messages) {
-    const auto found = std::find_if(messages.begin(), messages.end(), [](const LibraryMessage& message) {
-        return !message.IsWarning() && !message.IsFileNotFound();
+std::string WhyNotLoaded(const Messages& messages, const kmString& folder, const kmProfile& profile) {
+    const auto find = [&messages](auto isWanted) {
+        return std::find_if(messages.begin(), messages.end(), isWanted);
+    };
+    const auto parseError = find([](const LibraryMessage& message) {
+        return !kmIsWarning(message.code) && message.code != XML_ERROR_FILE_NOT_FOUND;
     });
-    return found == messages.end() ? nullptr : &*found;
-}
-
-bool Exists(const LibraryMessage& message) { return FileExists(Utf8FromPath(message.path)); }
-
-std::string FolderOf(const kmString& path, const kmString& id) {
-    constexpr std::size_t kSuffixLength = 3;  // ".pf"
-    return Utf8FromPath(path.substr(0, path.size() - id.size() - kSuffixLength));
-}
-
-// A file that was read and is sound XML left no message, so that its path has to be put together.
-std::string PathOfSoundFile(const Messages& messages, const std::string& folder, const kmString& id) {
-    const std::string name = Utf8FromText(id) + ".pf";
-    if (messages.empty()) return folder.empty() ? name : folder + '/' + name;
-    const LibraryMessage& last = messages.back();
-    if (last.IsWarning()) return Utf8FromPath(last.path);
-    return FolderOf(last.path, id) + "user/" + name;
-}
-
-std::string WhyNotLoaded(const Messages& messages, const std::string& folder, const kmString& id) {
-    if (const LibraryMessage* error = FindParseError(messages)) return Describe(*error);
-    const auto notFound = std::count_if(messages.begin(), messages.end(), [](const LibraryMessage& message) {
-        return message.IsFileNotFound();
+    if (parseError != messages.end()) return Describe(*parseError);
+    const kmString lastPath = kmProfilePath(kmFolderOf(profile), profile.GetID());
+    const auto lastNotFound = find([&lastPath](const LibraryMessage& message) {
+        return message.code == XML_ERROR_FILE_NOT_FOUND && message.path == lastPath;
     });
-    if (notFound < 2) return PathOfSoundFile(messages, folder, id) + ": no header (\"Main\" is missing)";
-    const auto unreadable = std::find_if(messages.begin(), messages.end(), Exists);
-    if (unreadable != messages.end()) return Utf8FromPath(unreadable->path) + ": cannot be read";
-    return "no profile " + Quoted(Utf8FromText(id)) + " in " + FolderOf(messages.front().path, id);
+    if (lastNotFound == messages.end()) return kmUtf8FromPath(lastPath) + ": no header (\"Main\" is missing)";
+    const auto unreadable = find([](const LibraryMessage& message) { return PathExists(message.path); });
+    if (unreadable != messages.end()) return kmUtf8FromPath(unreadable->path) + ": cannot be read";
+    return "no profile " + QuotedID(profile.GetID()) + " in " + kmUtf8FromPath(folder);
 }
 
 }  // namespace
 
-std::string ProfilesFolder(const std::string& folder) {
-    constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-    if (!folder.empty())
-        return folder.back() == '/' || folder.back() == kSeparator ? folder : folder + kSeparator;
-    // Only a message tells where the default folder is, so there has to be one: no profile has this ID.
-    const std::size_t earlier = LibraryMessages().size();
-    kmProfile().Load({});
-    return earlier < LibraryMessages().size() ? FolderOf(LibraryMessages()[earlier].path, {}) : std::string();
-}
-
-LoadedProfile LoadProfileFile(const std::string& folder, const std::string& id) {
-    const std::size_t earlier = LibraryMessages().size();
+kmProfile LoadProfile(const kmString& folder, const kmString& id) {
+    const auto earlier = static_cast<std::ptrdiff_t>(LibraryMessages().size());
     kmProfile profile;
-    profile.SetID(NameFromUtf8(id));
-    const bool isLoaded = profile.Load(NameFromUtf8(folder));
-    const auto first = LibraryMessages().begin() + static_cast<std::ptrdiff_t>(earlier);
-    const Messages messages(first, LibraryMessages().end());
-    if (!isLoaded) throw Failure(WhyNotLoaded(messages, folder, profile.GetID()));
-    const bool isFirstFile = std::all_of(messages.begin(), messages.end(),
-                                         [](const LibraryMessage& message) { return message.IsWarning(); });
-    return {profile, ProfilesFolder(folder) + (isFirstFile ? "" : kUserFolder)};
-}
-
-kmProfile LoadProfile(const std::string& folder, const std::string& id) {
-    return LoadProfileFile(folder, id).profile;
-}
-
-bool FileExists(const std::string& path) {
-    std::error_code ignored;
-    return std::filesystem::exists(std::u8string(path.begin(), path.end()), ignored);
+    profile.SetID(id);
+    if (profile.Load(folder)) return profile;
+    const Messages messages(LibraryMessages().begin() + earlier, LibraryMessages().end());
+    throw Failure(WhyNotLoaded(messages, folder, profile));
 }

@@ -1,87 +1,81 @@
 #include "Refusals.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <iterator>
-#include <string_view>
 
 #include "Catalogue.h"
-#include "ProfileLoading.h"
-#include "Texts.h"
+#include "Paths.h"
+#include "Printable.h"
+#include "kmFolders.h"
+#include "kmProfileID.h"
 
 namespace {
 
-// File names that stand for a device on some systems, alone and with any extension.
-constexpr std::string_view kDevices[] = {"con", "prn", "aux", "nul", "conin$", "conout$"};
-constexpr std::string_view kNumberedDevices[] = {"com", "lpt"};
-constexpr std::string_view kDeviceNumbers[] = {"1", "2", "3", "4", "5", "6", "7", "8", "9", "¹", "²", "³"};
+// What an ID with that fault is told, after the ID itself.
+constexpr const char* kFaults[] = {
+    "",
+    " cannot be a file name",
+    " cannot be a file name: it begins with \".\"",
+    " cannot be a file name: it has a control character or one of \\ / : * ? \" < > |",
+    " cannot be a file name: it is the name of a device",
+    " cannot be a file name: it has an incomplete character",
+};
+static_assert(std::size(kFaults) == PROFILE_ID_FAULT_ENCODING + 1, "one text a fault");
 
-template <std::size_t count>
-bool IsIn(const std::string_view (&list)[count], std::string_view text) {
-    return std::find(std::begin(list), std::end(list), text) != std::end(list);
+// Empty where the ID is not what was wrong.
+std::string WhyNoFileName(const WriteAttempt& attempt) {
+    const PROFILE_ID_FAULT fault = kmFindIDFault(attempt.newID);
+    const bool isAllowed = fault == PROFILE_ID_FAULT_LEADING_DOT && attempt.newID == attempt.id;
+    if (fault == PROFILE_ID_FAULT_NONE || isAllowed) return {};
+    return (attempt.newID.empty() ? "an empty ID" : QuotedID(attempt.newID)) +
+           kFaults[static_cast<std::size_t>(fault)];
 }
 
-char LowerAscii(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool IsDevice(const std::string& id) {
-    std::string name = id.substr(0, id.find('.'));
-    name.erase(name.find_last_not_of(' ') + 1);
-    std::transform(name.begin(), name.end(), name.begin(), LowerAscii);
-    if (IsIn(kDevices, name)) return true;
-    constexpr std::size_t kLetters = 3;
-    return name.size() > kLetters && IsIn(kNumberedDevices, std::string_view(name).substr(0, kLetters)) &&
-           IsIn(kDeviceNumbers, std::string_view(name).substr(kLetters));
+std::string PathOf(const WriteAttempt& attempt) {
+    return kmUtf8FromPath(kmProfilePath(attempt.folder, attempt.newID));
 }
 
-bool IsForbidden(char c) {
-    constexpr std::string_view kForbidden = "\\/:*?\"<>|";
-    return (c >= 0 && c < ' ') || kForbidden.find(c) != std::string_view::npos;
+std::string NameOfSystemProfile(const kmString& id) {
+    return QuotedID(id) + " is the name of a system profile; choose another";
 }
 
-std::string NameOfSystemProfile(const std::string& id) {
-    return Quoted(id) + " is the name of a system profile; choose another";
+std::string ProfileExists(const kmString& id) {
+    return "a profile " + QuotedID(KnownID(kmManager::GetInstance(), id)) + " exists";
 }
 
 }  // namespace
 
-std::string WhyNoFileName(const std::string& id) {
-    if (id.empty()) return "an empty ID cannot be a file name";
-    const std::string begin = Quoted(id) + " cannot be a file name: ";
-    if (id.front() == '.') return begin + "it begins with \".\"";
-    if (std::any_of(id.begin(), id.end(), IsForbidden)) {
-        return begin + "it has a control character or one of \\ / : * ? \" < > |";
-    }
-    return IsDevice(id) ? begin + "it is the name of a device" : std::string();
-}
-
 std::string WhyNotSaved(PROFILE_EERROR error, const WriteAttempt& attempt) {
     if (error == PROFILE_ERROR_SYSTEM) {
         return attempt.isSystem && attempt.newID == attempt.id
-                   ? Quoted(attempt.id) + " is a system profile; save a copy with --as"
+                   ? QuotedID(attempt.id) + " is a system profile; save a copy with --as"
                    : NameOfSystemProfile(attempt.newID);
     }
     if (error == PROFILE_ERROR_EXIST) {
-        return "a profile " + Quoted(KnownID(kmManager::GetInstance(), attempt.newID)) +
-               " exists; replace it with --overwrite";
+        const bool isProfile = kmManager::GetInstance().ProfileExist(attempt.newID.c_str());
+        return (isProfile ? ProfileExists(attempt.newID)
+                          : PathOf(attempt) + ": there is such a file, though it is no profile") +
+               "; replace it with --overwrite";
     }
-    const std::string reason = WhyNoFileName(attempt.newID);
-    return reason.empty() ? attempt.Path() + ": cannot be written" : reason;
+    const std::string reason = WhyNoFileName(attempt);
+    return reason.empty() ? PathOf(attempt) + ": cannot be written" : reason;
 }
 
 std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt) {
     if (error == PROFILE_ERROR_SYSTEM) {
-        return attempt.isSystem ? Quoted(attempt.id) + " is a system profile, which keeps its ID"
+        return attempt.isSystem ? QuotedID(attempt.id) + " is a system profile, which keeps its ID"
                                 : NameOfSystemProfile(attempt.newID);
     }
     if (error == PROFILE_ERROR_EXIST) {
-        if (attempt.newID == attempt.id) return Quoted(attempt.id) + " is its ID already";
-        return "a profile " + Quoted(KnownID(kmManager::GetInstance(), attempt.newID)) + " exists";
+        return attempt.newID == attempt.id ? QuotedID(attempt.id) + " is its ID already"
+                                           : ProfileExists(attempt.newID);
     }
-    const std::string reason = WhyNoFileName(attempt.newID);
+    const std::string reason = WhyNoFileName(attempt);
     if (!reason.empty()) return reason;
-    if (attempt.targetExisted)
-        return attempt.Path() + ": there is such a file already, though it is no profile";
-    const bool wasMoved = FileExists(attempt.Path());  // the library moves the file before it writes the ID
-    return attempt.Path() +
+    const std::string path = PathOf(attempt);
+    if (attempt.targetExisted) return path + ": there is such a file already, though it is no profile";
+    // The library moves a file that it cannot read all the same.
+    const bool wasMoved = PathExists(kmProfilePath(attempt.folder, attempt.newID));
+    return path +
            (wasMoved ? ": renamed, but the new ID could not be written into it" : ": cannot be written");
 }

@@ -5,20 +5,15 @@
 
 #include "kmTypes.h"
 
-// A profile and the ID that it was to get. All UTF-8.
+// A profile and the ID that it was to get.
 struct WriteAttempt {
-    std::string id;
-    std::string newID;
-    std::string folder;          // where the file was to be written, with a separator at the end
+    kmString id;
+    kmString newID;
+    kmString folder;             // where the file was to be written, with a separator at the end
     bool isSystem = false;       // of the profile itself
     bool targetExisted = false;  // there was a file of the new ID
-
-    std::string Path() const { return folder + newID + ".pf"; }
 };
 
-// Why the ID cannot be a file name; empty when it can.
-std::string WhyNoFileName(const std::string& id);
-
-// Why kmProfile::Save or kmProfile::ReName refused.
+// Why kmProfile::Save, kmSaveAsNew or kmProfile::ReName refused.
 std::string WhyNotSaved(PROFILE_EERROR error, const WriteAttempt& attempt);
 std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt);

@@ -6,9 +6,13 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
 #include "Refusals.h"
-#include "Texts.h"
+#include "kmFolders.h"
+#include "kmProfileFile.h"
+#include "kmProfileID.h"
 
 namespace {
 
@@ -17,15 +21,17 @@ struct RenameArguments {
     std::string newID;
 };
 
-void Rename(const RenameArguments& arguments, const std::string& folder) {
-    const std::string id = KnownID(LoadCatalogue(folder), arguments.id);
-    LoadedProfile loaded = LoadProfileFile(folder, id);
-    WriteAttempt attempt = {id, arguments.newID, loaded.folder, loaded.profile.IsSystem()};
-    attempt.targetExisted = FileExists(attempt.Path());
-    const PROFILE_EERROR error = loaded.profile.ReName(NameFromUtf8(arguments.newID));
+void Rename(const RenameArguments& arguments, const kmString& folder) {
+    const kmString id = KnownID(LoadCatalogue(folder), kmPathFromUtf8(arguments.id));
+    const kmString newID = kmPathFromUtf8(arguments.newID);
+    kmProfile profile = LoadProfile(folder, id);
+    const kmString itsFolder = kmFolderOf(profile);
+    const WriteAttempt attempt = {id, newID, itsFolder, profile.IsSystem(),
+                                  PathExists(kmProfilePath(itsFolder, newID))};
+    const PROFILE_EERROR error = profile.ReName(newID);
     if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotRenamed(error, attempt));
-    Print("renamed " + Quoted(id) + " to " + Quoted(arguments.newID) + " in " + Printable(loaded.folder) +
-          '\n');
+    Print("renamed " + QuotedID(id) + " to " + QuotedID(newID) + " in " +
+          Printable(kmUtf8FromPath(itsFolder)) + '\n');
 }
 
 }  // namespace
@@ -37,5 +43,5 @@ void AddRenameCommand(CLI::App& app, const GlobalOptions& global) {
     command->add_option("NEWID", arguments->newID, "Its new ID, which no profile may have")->required();
     command->footer(R"(Example:
   kmprofile rename "Holiday Clips" "Clips from Grandma")");
-    command->callback([arguments, &global] { Rename(*arguments, global.folder); });
+    command->callback([arguments, &global] { Rename(*arguments, ProfilesFolder(global.folder)); });
 }

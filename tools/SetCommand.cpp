@@ -7,10 +7,13 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
 #include "Refusals.h"
 #include "Settings.h"
-#include "Texts.h"
+#include "kmFolders.h"
+#include "kmProfileFile.h"
 
 namespace {
 
@@ -21,27 +24,23 @@ struct SetArguments {
     bool overwrite = false;
 };
 
-// A file that is no profile is unknown to the catalogue, which would let it be replaced unasked.
-void RequireNoOtherFile(const WriteAttempt& attempt, kmManager& catalogue) {
-    if (attempt.newID == attempt.id || !WhyNoFileName(attempt.newID).empty()) return;
-    if (catalogue.ProfileExist(NameFromUtf8(attempt.newID).c_str()) || !FileExists(attempt.Path())) return;
-    throw Failure(attempt.Path() +
-                  ": there is such a file, though it is no profile; replace it with --overwrite");
+PROFILE_EERROR Save(kmProfile& profile, const kmString& newID, bool overwrite) {
+    const bool mayReplace = overwrite || newID == profile.GetID();
+    return mayReplace ? profile.Save(newID, overwrite) : kmSaveAsNew(profile, newID);
 }
 
-void Set(const SetArguments& arguments, bool isCopy, const std::string& folder) {
+void Set(const SetArguments& arguments, bool isCopy, const kmString& folder) {
     if (arguments.settings.empty() && !isCopy) throw UsageFailure("nothing to do: give name=value or --as");
-    kmManager& catalogue = LoadCatalogue(folder);
-    const std::string id = KnownID(catalogue, arguments.id);
-    LoadedProfile loaded = LoadProfileFile(folder, id);
-    for (const std::string& setting : arguments.settings) ApplySetting(loaded.profile, setting);
-    const bool isSystem = loaded.profile.IsSystem();
-    const WriteAttempt attempt = {id, isCopy ? arguments.newID : id,
-                                  loaded.folder + (isSystem ? kUserFolder : ""), isSystem};
-    if (!arguments.overwrite) RequireNoOtherFile(attempt, catalogue);
-    const PROFILE_EERROR error = loaded.profile.Save(NameFromUtf8(attempt.newID), arguments.overwrite);
+    const kmString id = KnownID(LoadCatalogue(folder), kmPathFromUtf8(arguments.id));
+    kmProfile profile = LoadProfile(folder, id);
+    for (const std::string& setting : arguments.settings) ApplySetting(profile, setting);
+    const kmString itsFolder = kmFolderOf(profile);
+    const WriteAttempt attempt = {id, isCopy ? kmPathFromUtf8(arguments.newID) : id,
+                                  profile.IsSystem() ? kmUserFolder(itsFolder) : itsFolder,
+                                  profile.IsSystem()};
+    const PROFILE_EERROR error = Save(profile, attempt.newID, arguments.overwrite);
     if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotSaved(error, attempt));
-    Print("saved " + Quoted(attempt.newID) + " in " + Printable(attempt.folder) + '\n');
+    Print("saved " + QuotedID(attempt.newID) + " in " + Printable(kmUtf8FromPath(attempt.folder)) + '\n');
 }
 
 }  // namespace
@@ -62,5 +61,6 @@ becomes a user profile, in the "user" subfolder.
 Examples:
   kmprofile set "Holiday Clips" b=1500 s=720x576
   kmprofile set "Holiday Clips" ab=192 --as "Holiday Clips Loud" --overwrite)");
-    command->callback([arguments, as, &global] { Set(*arguments, as->count() != 0, global.folder); });
+    command->callback(
+        [arguments, as, &global] { Set(*arguments, as->count() != 0, ProfilesFolder(global.folder)); });
 }

@@ -8,10 +8,13 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "Paths.h"
+#include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
-#include "Texts.h"
 #include "Views.h"
+#include "kmFolders.h"
+#include "kmText.h"
 
 namespace {
 
@@ -50,7 +53,7 @@ std::string SizeText(const kmProfile& profile) {
     std::int32_t width = 0;
     std::int32_t height = 0;
     if (!profile.GetSize(width, height)) {
-        return "not readable: " + Quoted(Utf8FromText(profile.GetItemValue(KM_TEXT("s"))));
+        return "not readable: " + Quoted(kmUtf8FromText(profile.GetItemValue(KM_TEXT("s"))));
     }
     if (width == 0) return kFromSource;
     return std::to_string(width) + " x " + std::to_string(height);
@@ -65,10 +68,10 @@ std::string AspectText(double ratio) {
 
 void PrintHeader(const kmProfile& profile) {
     std::vector<TableRow> rows = {
-        {{"ID", Utf8FromText(profile.GetID())}},
-        {{"Short name", Utf8FromText(profile.GetSName())}},
-        {{"Format", Utf8FromText(profile.GetFormat())}},
-        {{"Extension", Utf8FromText(profile.GetExtName())}},
+        {{"ID", kmUtf8FromPath(profile.GetID())}},
+        {{"Short name", kmUtf8FromText(profile.GetSName())}},
+        {{"Format", kmUtf8FromText(profile.GetFormat())}},
+        {{"Extension", kmUtf8FromText(profile.GetExtName())}},
         {{"Belongs to", profile.IsSystem() ? "system" : "user"}},
         {{"Type", TypeName(profile.GetType())}},
     };
@@ -89,11 +92,11 @@ using CandidateText = std::string (*)(const Texts& display, const Texts& values,
 
 // The text shown for the candidate; the lists of a damaged file may differ in length.
 std::string ShownText(const Texts& display, const Texts& values, std::size_t index) {
-    return Utf8FromText(index < display.size() ? display[index] : values[index]);
+    return kmUtf8FromText(index < display.size() ? display[index] : values[index]);
 }
 
 std::string ShownTextAndValue(const Texts& display, const Texts& values, std::size_t index) {
-    return TextAndValue(ShownText(display, values, index), Utf8FromText(values[index]));
+    return TextAndValue(ShownText(display, values, index), kmUtf8FromText(values[index]));
 }
 
 std::vector<std::string> Choices(const Texts& display, const Texts& values, CandidateText text) {
@@ -106,7 +109,7 @@ std::vector<std::string> Choices(const Texts& display, const Texts& values, Cand
 TableRow SimpleRow(const kmProfileItem& item) {
     const Texts& display = item.GetSimpleCandidatesDisplay();
     const Texts& values = item.GetSimpleCandidatesValue();
-    TableRow row = {{Utf8FromText(item.GetSimpleName()), Utf8FromText(item.GetValue()),
+    TableRow row = {{kmUtf8FromText(item.GetSimpleName()), kmUtf8FromText(item.GetValue()),
                      item.GetSimpleReadOnly() ? kReadOnly : ""}};
     if (!item.GetSimpleHasCandidates()) return row;
     const auto current = static_cast<std::size_t>(item.GetSimpleItemIndex());  // -1 becomes too large
@@ -116,15 +119,15 @@ TableRow SimpleRow(const kmProfileItem& item) {
 }
 
 TableRow AdvancedRow(const kmProfileItem& item) {
-    TableRow row = {{Utf8FromText(item.GetAdvName()), Utf8FromText(item.GetID()),
-                     Utf8FromText(item.GetValue()), item.GetAdvReadOnly() ? kReadOnly : ""}};
+    TableRow row = {{kmUtf8FromText(item.GetAdvName()), kmUtf8FromText(item.GetID()),
+                     kmUtf8FromText(item.GetValue()), item.GetAdvReadOnly() ? kReadOnly : ""}};
     if (item.GetAdvHasCandidates()) {
         row.list = Choices(item.GetAdvCandidatesDisplay(), item.GetAdvCandidatesValue(), ShownTextAndValue);
     }
     return row;
 }
 
-void Show(const std::string& id, const std::string& folder) {
+void Show(const kmString& id, const kmString& folder) {
     const kmProfile profile = LoadProfile(folder, id);
     PrintHeader(profile);
     PrintSimpleView(profile.GetSimpleItems(), SimpleRow);
@@ -142,5 +145,5 @@ void AddShowCommand(CLI::App& app, const GlobalOptions& global) {
 
 Example:
   kmprofile show "Holiday Clips")");
-    command->callback([id, &global] { Show(*id, global.folder); });
+    command->callback([id, &global] { Show(kmPathFromUtf8(*id), ProfilesFolder(global.folder)); });
 }

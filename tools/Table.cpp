@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Console.h"
-#include "Texts.h"
+#include "Printable.h"
 
 namespace {
 

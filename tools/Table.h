@@ -7,10 +7,10 @@
 
 struct TableRow {
     std::vector<std::string> cells;
-    std::vector<std::string> list = {};  // shown behind the cells, wrapped between its entries
+    std::vector<std::string> list = {};  // shown after the cells, wrapped between its entries
 };
 
-// Prints the rows behind `indent` spaces. Columns in which every cell is empty take no room. Rows must have
+// Prints the rows after `indent` spaces. Columns in which every cell is empty take no room. Rows must have
 // the same number of cells.
 void PrintTable(const std::vector<TableRow>& rows, std::size_t indent);
 

@@ -4,7 +4,8 @@
 #include <utility>
 
 #include "Console.h"
-#include "Texts.h"
+#include "Printable.h"
+#include "kmText.h"
 
 namespace {
 
@@ -45,7 +46,8 @@ void PrintAdvancedView(std::vector<kmProfileItem> items, const RowOfItem& rowOf)
         return a.GetAdvPriority() < b.GetAdvPriority();
     });
     for (const Group& group : GroupsOf(items, rowOf)) {
-        const std::string name = group.name.empty() ? "other settings" : Printable(Utf8FromText(group.name));
+        const std::string name =
+            group.name.empty() ? "other settings" : Printable(kmUtf8FromText(group.name));
         Print("\nAdvanced view: " + name + '\n');
         PrintTable(group.rows, kIndent);
     }

@@ -18,5 +18,5 @@ using RowOfItem = std::function<TableRow(const kmProfileItem&)>;
 void PrintSimpleView(std::vector<kmProfileItem> items, const RowOfItem& rowOf);
 void PrintAdvancedView(std::vector<kmProfileItem> items, const RowOfItem& rowOf);
 
-// What the view shows, and behind it in brackets what to set, where that cannot be guessed.
+// What the view shows, and after it in brackets what to set, where that cannot be guessed.
 std::string TextAndValue(const std::string& shown, const std::string& value);

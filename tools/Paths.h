@@ -1,0 +1,15 @@
+// Where profiles are. Folders and paths are the library's: "\" separates, and folders end with it.
+#pragma once
+
+#include <string>
+
+#include "kmTypes.h"
+
+// The profiles folder that the command line names; the default one for an empty argument.
+kmString ProfilesFolder(const std::string& argument);
+
+// Whether there is anything of that name, links followed.
+bool PathExists(const kmString& path);
+
+// Whether the folder's files can be listed.
+bool IsReadableFolder(const kmString& path);
