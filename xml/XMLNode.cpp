@@ -63,7 +63,9 @@ Content* Walk(const Pieces& pieces, std::uint32_t index) {
     const bool isAhead = cursor.at != nullptr && cursor.index <= index;
     Content* at = isAhead ? cursor.at : FirstOf(pieces.element, pieces.kind, steps);
     for (std::uint32_t i = isAhead ? cursor.index : 0; i < index; ++i) at = NextOf(at, steps);
-    cursor = {at, index, steps};
+    cursor.at = at;
+    cursor.index = index;
+    cursor.steps = steps;
     if (steps / kAllowedPerPiece > pieces.count + kAlwaysAllowed / kAllowedPerPiece) SwitchToTable(pieces);
     return at;
 }
