@@ -49,7 +49,7 @@ Kind KindOf(const Path& path);
 // Whether the entry itself is a symbolic link.
 bool IsLink(const Path& entry);
 
-// Opens a regular file for reading; kNoHandle for everything else, which is not even touched.
+// Opens a regular file for reading; kNoHandle for everything else, for which it never waits.
 Handle OpenFile(const kmChar* path, std::uint64_t& size);
 
 // Reads once, at most `count` bytes; `got` is 0 at the end. False when the device failed.

@@ -166,12 +166,6 @@ Handle AdoptFile(int file, std::uint64_t& size) {
     return kNoHandle;
 }
 
-// A look first: opening alone wakes whoever waits at the other end of a pipe.
-Handle OpenRegular(const std::string& path, Kind& kind, std::uint64_t& size) {
-    kind = KindOf(path);
-    return kind == Kind::File ? AdoptFile(open(path.c_str(), O_RDONLY | kSafeFlags), size) : kNoHandle;
-}
-
 std::string ReadAttribute(const Path& path, const char* name) {
     const ssize_t size = getxattr(path.c_str(), name, nullptr, 0);
     if (size <= 0) return {};
@@ -273,11 +267,11 @@ bool IsLink(const Path& entry) {
 
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
     const std::string wanted = ToSystemPath(path);
-    Kind kind = Kind::Nothing;
-    const Handle file = OpenRegular(wanted, kind, size);
-    if (kind != Kind::Nothing) return file;
+    const int file = open(wanted.c_str(), O_RDONLY | kSafeFlags);
+    if (file >= 0 || errno != ENOENT) return AdoptFile(file, size);
     std::string resolved;
-    return ResolveCase(wanted, resolved) == Answer::Yes ? OpenRegular(resolved, kind, size) : kNoHandle;
+    if (ResolveCase(wanted, resolved) != Answer::Yes) return kNoHandle;
+    return AdoptFile(open(resolved.c_str(), O_RDONLY | kSafeFlags), size);
 }
 
 bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {

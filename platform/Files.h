@@ -1,7 +1,7 @@
 // The files of a machine. Paths are UTF-16 with "\" between the folders on every machine. Names resolve as on
 // the library's home system: the exact name first, else the one entry of the folder that differs in ASCII
-// case alone. Paths may have any length. Only regular files are read, replaced and removed; folders, devices
-// and pipes are not even opened.
+// case alone. Paths may have any length. Only regular files are listed, read, replaced and removed; nothing
+// waits for a device or a pipe.
 #pragma once
 
 #include <cstddef>
