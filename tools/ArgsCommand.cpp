@@ -47,7 +47,7 @@ void PrintArgs(const ArgsArguments& arguments, const kmString& folder) {
     std::vector<std::string> lines = {kmUtf8FromText(profile.GetAvcString(!arguments.noAudio))};
     if (arguments.heldBack) AppendHeldBack(lines, profile);
     RequireOneLineEach(lines);
-    for (const std::string& line : lines) Print(line + '\n');
+    for (const std::string& line : lines) PrintExactly(line);
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "Console.h"
 
+#include <unistd.h>
+
 #include <cstdio>
 
 #include "Printable.h"
@@ -10,6 +12,10 @@ std::vector<std::string> ProgramArguments(int argc, char** argv) {
 }
 
 void Print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+
+void PrintExactly(std::string_view line) {
+    Print((isatty(STDOUT_FILENO) != 0 ? Printable(line) : std::string(line)) + '\n');
+}
 
 void PrintError(std::string_view message) {
     const std::string line = "kmprofile: " + Printable(message) + '\n';

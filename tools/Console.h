@@ -12,6 +12,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 // Writes to standard output. A failure shows at the end, in FinishOutput.
 void Print(std::string_view text);
 
+// Writes a line that a program may read: as it is into a file or a pipe, printable on a terminal.
+void PrintExactly(std::string_view line);
+
 // Writes "kmprofile: ", the message and a line end to standard error; the message becomes one line.
 void PrintError(std::string_view message);
 

@@ -66,6 +66,10 @@ void Print(std::string_view text) {
     if (!Write(stdout, text)) outputLost = true;
 }
 
+void PrintExactly(std::string_view line) {
+    Print((FindConsole(stdout) != nullptr ? Printable(line) : std::string(line)) + '\n');
+}
+
 void PrintError(std::string_view message) { Write(stderr, "kmprofile: " + Printable(message) + '\n'); }
 
 bool FinishOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && !outputLost; }

@@ -1,19 +1,45 @@
 #include "Printable.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 #include "kmFolders.h"
 #include "kmText.h"
 
 namespace {
 
-bool IsControl(kmChar unit) { return unit < 0x20 || (unit >= 0x7F && unit <= 0x9F); }
+struct Range {
+    kmChar first;
+    kmChar last;
+};
+
+constexpr Range kControls[] = {
+    {0x0000, 0x001F}, {0x007F, 0x009F},                                      // C0, DEL and C1
+    {0x061C, 0x061C}, {0x200E, 0x200F}, {0x202A, 0x202E}, {0x2066, 0x2069},  // direction of writing
+};
+
+// C1 as single bytes, which are no UTF-8.
+constexpr Range kStrayControls = {0xDC80, 0xDC9F};
+
+constexpr bool IsIn(const Range& range, kmChar unit) { return unit >= range.first && unit <= range.last; }
+
+bool IsControl(kmChar unit) {
+    return std::any_of(std::begin(kControls), std::end(kControls),
+                       [unit](const Range& range) { return IsIn(range, unit); });
+}
+
+// Whether the unit after this one is the second half of a character.
+constexpr bool OpensPair(kmChar unit) { return IsIn({0xD800, 0xDBFF}, unit); }
 
 }  // namespace
 
 std::string Printable(std::string_view text) {
     kmString units = kmTextFromUtf8(text);
-    std::replace_if(units.begin(), units.end(), IsControl, KM_TEXT(' '));
+    for (std::size_t i = 0; i < units.size(); ++i) {
+        const bool isStray = IsIn(kStrayControls, units[i]) && (i == 0 || !OpensPair(units[i - 1]));
+        if (isStray || IsControl(units[i])) units[i] = KM_TEXT(' ');
+    }
     return kmUtf8FromText(units);
 }
 

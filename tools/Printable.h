@@ -6,7 +6,8 @@
 
 #include "kmTypes.h"
 
-// UTF-8 text with a space for every control character.
+// UTF-8 text with a space for everything that a terminal could obey: control characters, marks that turn the
+// direction of writing, and stray bytes that some terminals take for control characters.
 std::string Printable(std::string_view text);
 
 // The text in quotation marks, printable; and an ID likewise.
