@@ -1,14 +1,13 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <iterator>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Catalogue.h"
 #include "Commands.h"
+#include "CommonSettings.h"
 #include "Console.h"
 #include "Failure.h"
 #include "Paths.h"
@@ -51,52 +50,40 @@ EditRequest ReadRequest(const std::vector<std::string>& words, kmManager& catalo
     return request;
 }
 
-// Empty for settings that are empty everywhere.
-std::string CommonValue(const Selection& profiles, const kmChar* id) {
-    const kmString common = kmProfileList::GetItemValue(profiles, id);
-    const bool differs =
-        common.empty() && std::any_of(profiles.begin(), profiles.end(),
-                                      [id](const auto* one) { return !one->GetItemValue(id).empty(); });
-    return differs ? kDiffers : kmUtf8FromText(common);
-}
-
-TableRow SimpleRow(const Selection& profiles, const kmProfileItem& item) {
-    const kmString id = item.GetID();
-    const std::vector<kmString>& display = item.GetSimpleCandidatesDisplay();
-    TableRow row = {{kmUtf8FromText(item.GetSimpleName()), CommonValue(profiles, id.c_str()),
+TableRow SimpleRow(const CommonSetting& common, const kmProfileItem& item) {
+    TableRow row = {{kmUtf8FromText(item.GetSimpleName()),
+                     common.differs ? kDiffers : kmUtf8FromText(common.value),
                      item.GetSimpleReadOnly() ? kReadOnly : ""}};
     if (!item.GetSimpleHasCandidates()) return row;
-    const std::int32_t index = kmProfileList::GetSimpleItemValue(profiles, id.c_str());
-    if (index >= 0) row.cells[1] = kmUtf8FromText(display[static_cast<std::size_t>(index)]);
-    std::transform(display.begin(), display.end(), std::back_inserter(row.list),
-                   [](const kmString& text) { return kmUtf8FromText(text); });
+    if (common.simpleText) row.cells[1] = kmUtf8FromText(*common.simpleText);
+    for (const kmString& text : item.GetSimpleCandidatesDisplay()) row.list.push_back(kmUtf8FromText(text));
     return row;
 }
 
 // The common texts, with the value to set where that means the same in all profiles.
-std::vector<std::string> CommonChoices(const Selection& profiles, const kmProfileItem& item) {
-    const kmString id = item.GetID();
+std::vector<std::string> CommonChoices(const CommonSetting& common, const kmProfileItem& item) {
+    std::map<kmString, kmString> valueOfText;
+    for (const kmString& value : item.GetAdvCandidatesValue()) {
+        const auto text = common.textOfValue.find(value);
+        if (text != common.textOfValue.end()) valueOfText.emplace(text->second, value);
+    }
     std::vector<std::string> choices;
     for (const kmString& text : item.GetAdvCandidatesDisplay()) {
-        const std::vector<kmString>& values = item.GetAdvCandidatesValue();
-        const auto value = std::find_if(values.begin(), values.end(), [&](const kmString& candidate) {
-            return kmProfileList::GetDisplayValue(profiles, id.c_str(), candidate.c_str()) == text;
-        });
+        const auto value = valueOfText.find(text);
         const std::string shown = kmUtf8FromText(text);
-        choices.push_back(value == values.end() ? shown : TextAndValue(shown, kmUtf8FromText(*value)));
+        choices.push_back(value == valueOfText.end() ? shown
+                                                     : TextAndValue(shown, kmUtf8FromText(value->second)));
     }
     return choices;
 }
 
-TableRow AdvancedRow(const Selection& profiles, const kmProfileItem& item) {
-    const kmString id = item.GetID();
-    const kmString value = kmProfileList::GetItemValue(profiles, id.c_str());
-    const std::string shown =
-        kmUtf8FromText(kmProfileList::GetDisplayValue(profiles, id.c_str(), value.c_str()));
-    TableRow row = {{kmUtf8FromText(item.GetAdvName()), kmUtf8FromText(id), CommonValue(profiles, id.c_str()),
-                     kmProfileList::IsReadOnly(profiles, id.c_str()) ? kReadOnly : ""}};
-    if (!value.empty() && !shown.empty()) row.cells[2] = TextAndValue(shown, kmUtf8FromText(value));
-    if (item.GetAdvHasCandidates()) row.list = CommonChoices(profiles, item);
+TableRow AdvancedRow(const CommonSetting& common, const kmProfileItem& item) {
+    const std::string value = kmUtf8FromText(common.value);
+    const std::string shown = kmUtf8FromText(common.text);
+    TableRow row = {{kmUtf8FromText(item.GetAdvName()), kmUtf8FromText(item.GetID()),
+                     common.differs ? kDiffers : value, common.isReadOnly ? kReadOnly : ""}};
+    if (!value.empty() && !shown.empty()) row.cells[2] = TextAndValue(shown, value);
+    if (item.GetAdvHasCandidates()) row.list = CommonChoices(common, item);
     return row;
 }
 
@@ -109,9 +96,11 @@ void ShowCommonView(const Selection& profiles) {
     PrintTable(rows, 0);
     const std::vector<kmProfileItem> all = kmProfileList::GetAdvanceItems(profiles);
     if (all.empty()) Print("\nNo setting is common to them.\n");
+    CommonSettings settings(profiles);
     PrintSimpleView(kmProfileList::GetSimpleItems(profiles),
-                    [&profiles](const kmProfileItem& item) { return SimpleRow(profiles, item); });
-    PrintAdvancedView(all, [&profiles](const kmProfileItem& item) { return AdvancedRow(profiles, item); });
+                    [&](const kmProfileItem& item) { return SimpleRow(settings.Of(item.GetID()), item); });
+    PrintAdvancedView(
+        all, [&](const kmProfileItem& item) { return AdvancedRow(settings.Of(item.GetID()), item); });
 }
 
 void RequireUserProfiles(const Selection& profiles) {

@@ -1,7 +1,7 @@
 #include "Views.h"
 
 #include <algorithm>
-#include <utility>
+#include <map>
 
 #include "Console.h"
 #include "Printable.h"
@@ -17,12 +17,12 @@ struct Group {
 // In the order of their first items.
 std::vector<Group> GroupsOf(const std::vector<kmProfileItem>& items, const RowOfItem& rowOf) {
     std::vector<Group> groups;
+    std::map<kmString, std::size_t> positions;
     for (const kmProfileItem& item : items) {
         const kmString name = item.GetAdvGroup();
-        auto group = std::find_if(groups.begin(), groups.end(),
-                                  [&](const Group& known) { return known.name == name; });
-        if (group == groups.end()) group = groups.insert(groups.end(), {name, {}});
-        group->rows.push_back(rowOf(item));
+        const auto [position, isNew] = positions.emplace(name, groups.size());
+        if (isNew) groups.push_back({name, {}});
+        groups[position->second].rows.push_back(rowOf(item));
     }
     return groups;
 }
