@@ -102,32 +102,29 @@ TEST_F(FileNames, ADotInFrontIsKeptButNotGiven) {
 
 TEST_F(FileNames, WhatDoesNotReadBackIsNotWritten) {
     // clang-format off
-    const struct { const char *fault, *parameters; bool isSaved, isRenamed; } rows[] = {
-        {"sound_file_refused",            "<b Value='5'/>",                            true,  true},
-        {"slash_as_attribute",            "<b Value='5' / >",                          true,  true},
-        {"quote_in_attribute_name",       "<x \"y=1 z='2'/>",                          true,  false},
-        {"slash_ends_name_with_content",  "<x a/ >t</x>",                              true,  false},
-        {"name_opens_a_raw_section",      "<PRE ><PRE >t</PRE></PRE>",                 true,  false},
-        {"item_named_like_raw_section",   "<Script ><b/></Script >",                   true,  false},
-        {"declaration_ends_in_a_mark",    "<?b?>",                                     true,  false},
+    const struct { const char *fault, *parameters; PROFILE_EERROR expected; } rows[] = {
+        {"sound_file_refused",           "<b Value='5'/>",            PROFILE_ERROR_NONE},
+        {"harmless_slash_refused",       "<b Value='5' / >",          PROFILE_ERROR_NONE},
+        {"quote_in_attribute_name",      "<x \"y=1 z='2'/>",          PROFILE_ERROR_FILE},
+        {"slash_ends_name_with_content", "<x a/ >t</x>",              PROFILE_ERROR_FILE},
+        {"name_opens_a_raw_section",     "<PRE ><PRE >t</PRE></PRE>", PROFILE_ERROR_FILE},
+        {"named_like_a_raw_section",     "<Script ><b/></Script >",   PROFILE_ERROR_FILE},
+        {"declaration_ends_in_a_mark",   "<?b?>",                     PROFILE_ERROR_FILE},
     };
     // clang-format on
     for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
+        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.parameters);
         folder.AddProfile("user\\Odd", UserProfile("<Parameter>"s + row.parameters + "</Parameter>"));
-        const std::string before = Files()["Odd.pf"];
-        kmProfile profile = Load("Odd");
-        const std::string saved = Saved("Odd");
         manager.Load(folder.Path());
-        if (profile.ReName(KM_TEXT("Renamed")) == PROFILE_ERROR_NONE) {
-            EXPECT_TRUE(row.isRenamed);
-            EXPECT_EQ(Saved("Renamed").size(), saved.size() + "Renamed"s.size() * 0) << saved;
+        const auto before = Files();
+        const std::string parameters = Saved("Odd").substr("Profiles(Main"s.size());
+        EXPECT_EQ(Load("Odd").ReName(KM_TEXT("Renamed")), row.expected);
+        if (row.expected == PROFILE_ERROR_NONE) {
+            EXPECT_EQ(Saved("Renamed").substr("Profiles(Main"s.size()), parameters);
             std::filesystem::remove(folder.SystemPath(KM_TEXT("user\\Renamed.pf")));
         } else {
-            EXPECT_FALSE(row.isRenamed);
-            EXPECT_EQ(Files()["Odd.pf"], before);
+            EXPECT_EQ(Files(), before);
         }
-        manager.Load(folder.Path());
     }
 }
 
