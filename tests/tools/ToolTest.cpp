@@ -1,0 +1,208 @@
+// The tool on files that nobody expects: it answers or refuses, and nothing that a file says reaches the
+// terminal as more than text.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "tests/tools/RunTool.h"
+
+namespace {
+
+// What terminals obey: ESC, BEL, DEL, C1 (0x9B, 0x85) alone and as UTF-8, marks of writing direction.
+const std::string kHostile = "\x1B[31m\a\x7F\x9B\xC2\x9B\xC2\x85\xE2\x80\xAE\xE2\x80\x8F\xE2\x81\xA6\xD8\x9C";
+constexpr const char* kObeyed[] = {"\x1B", "\a",           "\x7F",         "\x9B",         "\x85",    "\r",
+                                   "\t",   "\xE2\x80\xAE", "\xE2\x80\x8F", "\xE2\x81\xA6", "\xD8\x9C"};
+
+std::string Profile(const std::string& items, const std::string& main = "<Name language='n'/>") {
+    return "<Profiles><Main>" + main + "</Main><Parameter>" + items + "</Parameter></Profiles>";
+}
+
+std::string Item(const std::string& id, const std::string& value, const std::string& texts,
+                 const std::string& values) {
+    const auto list = [&](const std::string& view, const std::string& display) {
+        return ' ' + view + "Name='" + id + "' " + view + "HasCandidates='yes' " + view + display + "='" +
+               texts + "' " + view + "CandidatesValue='" + values + '\'';
+    };
+    return '<' + id + " Value='" + value + '\'' + list("adv", "CandidatesDisplay") +
+           list("simple", "CandidatesDiaplay") + "/>";
+}
+
+// Names are bytes, as the system has them; unlike texts they need not be UTF-8.
+void Write(const TemporaryFolder& folder, const std::string& name, const std::string& bytes) {
+    const std::filesystem::path path = folder.SystemPath() / name;
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+    ASSERT_EQ(ReadBytes(path), bytes) << name;
+}
+
+std::string Repeat(int count, const std::string& text) {
+    std::string all;
+    while (count-- > 0) all += text;
+    return all;
+}
+
+const std::string kGood = Profile(Item("ab", "128", "x,y", "128,96") + Item("zoom", "1", "p,q,r", "0,1,2"));
+
+struct OddFile {
+    const char* name;
+    std::string id;
+    std::string bytes;
+};
+
+const OddFile kOddFiles[] = {
+    {"position_looked_up_in_a_shorter_list", "a",
+     Profile(Item("pf", "9", "0,1,2,3,4,5,6,7,8,9", "0,1,2,3,4,5,6,7,8,9") + Item("pf", "1", "1", "1"))},
+    {"more_values_than_texts", "a", Profile(Item("ab", "3", "1", "1,2,3") + Item("zoom", "2", "1", "0,1,2"))},
+    {"more_texts_than_values", "a", Profile(Item("ab", "1", "1,2,3", "1") + Item("pq", "3", "1,2,3", ""))},
+    {"empty_file", "a", ""},
+    {"file_cut_short", "a", kGood.substr(0, 90)},
+    {"other_root", "a", "<Other><Main/></Other>"},
+    {"no_header", "a", "<Profiles><Parameter><ab/></Parameter></Profiles>"},
+    {"nothing_but_a_header", "a", "<Profiles><Main/></Profiles>"},
+    {"depth_of_elements_is_depth_of_stack", "a", Profile(Repeat(100000, "<ab>"))},
+    {"name_obeyed_by_terminal", kHostile, kGood},
+    {"texts_obeyed_by_terminal", "a",
+     "\xFF\xFE" + Utf16Bytes(TextFromBytes(Profile(Item("ab", kHostile, kHostile + ",b", kHostile + ",c"),
+                                                   "<SName>" + kHostile + "</SName>")))},
+    {"message_obeyed_by_terminal", "a" + kHostile, "<Profiles>\n<Main a='&none;'/></Profiles>"},
+    {"value_of_several_lines", "a", Profile("<title Value='a&#10;b'/><ss Value='1&#13;2'/>")},
+    {"numbers_beyond_64_bits", "a",
+     Profile(
+         Item("ab", "99999999999999999999", "x", "-99999999999999999999") +
+         "<s Value='9999999999x-9999999999'/>"
+         "<t Value='-9999999999999'/><zoom Value='-99999999999'/><aspect Value='1e999'/><r Value='1:0'/>")},
+    {"system_profile", "a", Profile(Item("ab", "1", "x", "1"), "<IsSysProfile>yes</IsSysProfile>")},
+    {"id_with_equals_sign", "ab=1", kGood},
+    {"folder_named_like_a_profile", "folder", ""},
+};
+
+// Words; "@" stands for an ID.
+constexpr const char* kCommands[] = {"list",
+                                     "list --group @",
+                                     "show @",
+                                     "args @ --held-back",
+                                     "args @ --set ab=1",
+                                     "estimate @ --duration 60 --source 16x16",
+                                     "icon @",
+                                     "icon --group @",
+                                     "check @ @",
+                                     "options @",
+                                     "@",
+                                     "edit @",
+                                     "edit @ good",
+                                     "edit good @",
+                                     "edit @ good ab=96",
+                                     "set @ ab=@",
+                                     "set @ --as copy",
+                                     "set good --as @",
+                                     "rename good @",
+                                     "rename @ renamed",
+                                     "delete @",
+                                     "delete renamed"};
+
+std::vector<std::string> CommandFor(const std::string& command, const std::string& id) {
+    std::vector<std::string> words = {"--folder", "p"};
+    std::istringstream rest(command);
+    for (std::string word; rest >> word;) {
+        const std::size_t at = word.find('@');
+        words.push_back(at == std::string::npos ? word : word.replace(at, 1, id));
+    }
+    return words;
+}
+
+void ExpectPlainText(const std::string& text, const ToolRun& run) {
+    for (const char* obeyed : kObeyed) EXPECT_EQ(text.find(obeyed), std::string::npos) << run;
+}
+
+TEST(Tool, AnswersOrRefusesWhateverAFileHolds) {
+    for (const OddFile& row : kOddFiles) {
+        SCOPED_TRACE(row.name);
+        const TemporaryFolder folder;
+        Write(folder, "p/user/good.pf", kGood);
+        folder.MakeFolder(KM_TEXT("p\\user\\folder.pf"));
+        if (row.id != "folder") Write(folder, "p/user/" + row.id + ".pf", row.bytes);
+        for (const char* command : kCommands) {
+            const ToolRun run = RunTool(folder, CommandFor(command, row.id), Output::Terminal);
+            EXPECT_TRUE(run.status >= 0 && run.status <= 2) << run;
+            ExpectPlainText(run.output, run);
+            ExpectPlainText(run.error, run);
+            const bool isOneLine = run.error.find('\n') + 1 == run.error.size();
+            EXPECT_TRUE(run.error.empty() || (run.error.starts_with("kmprofile: ") && isOneLine)) << run;
+            EXPECT_TRUE(run.status != 0 || run.error.empty()) << run;
+        }
+    }
+}
+
+TEST(Tool, ArgumentsForAnotherProgramAreExact) {
+    const TemporaryFolder folder;
+    Write(folder, "p/a.pf",
+          "\xFF\xFE" + Utf16Bytes(TextFromBytes(Profile("<title Value='" + kHostile + "'/>"))));
+    const ToolRun run = RunTool(folder, {"args", "a", "--folder", "p"});
+    EXPECT_EQ(run.output, "-title \"" + kHostile + "\"  \n") << run;
+}
+
+// A walk along everything for every question would take minutes.
+TEST(Tool, CostOfShowingManySettingsIsProportional) {
+    std::string list, items;
+    for (int i = 0; i < 8000; ++i) items += Item("o" + std::to_string(i), "1", "x,y", "1,2");
+    for (int i = 0; i < 60000; ++i) list += (i == 0 ? "v" : ",v") + std::to_string(i);
+    const TemporaryFolder folder;
+    Write(folder, "p/settings.pf", Profile(items));
+    Write(folder, "p/choices.pf", Profile(Item("vcodec", "v9", list, list)));
+    for (const std::string id : {"settings", "choices"}) {
+        const ToolRun run = RunTool(folder, {"edit", id, "--folder", "p"});
+        EXPECT_EQ(run.status, 0) << id << " of a file as large";
+    }
+}
+
+struct Answer {
+    const char* name;
+    std::string command;
+    int status;
+    std::string part;  // of the output, or of the error
+};
+
+const Answer kAnswers[] = {
+    {"text_of_another_items_list", "edit double", 0, "  ab  2  2, 1\n  ab  2  9\n"},
+    {"backslash_taken_for_a_folder", "show back\\slash", 0, "ID          back\\slash\n"},
+    {"byte_of_a_name_lost", "show by\xE9te", 0, "ID          by\xE9te\n"},
+    {"path_shown_in_another_form", "show user/good", 0, "ID          user/good\n"},
+    {"profile_looked_for_elsewhere", "show none", 1, "no profile \"none\" in p/\n"},
+    {"folder_of_a_missing_header", "show headless", 1, "p/user/headless.pf: no header"},
+    {"folder_of_an_unreadable_file", "show folder", 1, "p/user/folder.pf: cannot be read"},
+    {"folder_of_a_saved_profile", "set good ab=96", 0, "saved \"good\" in p/user/\n"},
+    {"folder_of_a_copy", "set system --as mine", 0, "saved \"mine\" in p/user/\n"},
+    {"system_profile_changed", "set system ab=96", 1, "\"system\" is a system profile; save a copy"},
+    {"profile_replaced_unasked", "set good --as Double", 1, "a profile \"double\" exists"},
+    {"file_replaced_unasked", "set good --as headless", 1, "headless.pf: there is such a file"},
+    {"file_replaced_by_renaming", "rename good headless", 1, "headless.pf: there is such a file"},
+    {"top_profile_deleted", "delete double", 1, "\"double\" is in the profiles folder itself"},
+    {"no_id", "rename good @", 1, "an empty ID cannot be a file name\n"},
+    {"hidden_id", "rename good .x", 1, "\".x\" cannot be a file name: it begins with \".\"\n"},
+    {"path_as_id", "rename good a/b", 1, "\"a/b\" cannot be a file name: it has a control"},
+    {"device_as_id", "rename good Con.x", 1, "\"Con.x\" cannot be a file name: it is the name"},
+    {"held_back_or_blank_setting_wrong", "args double --held-back", 0, " \nss=00:00:01\n"},
+};
+
+TEST(Tool, AnswersInItsOwnWords) {
+    for (const Answer& row : kAnswers) {
+        const TemporaryFolder folder;
+        Write(folder, "p/user/good.pf", kGood);
+        Write(folder, "p/user/headless.pf", "<Profiles/>");
+        folder.MakeFolder(KM_TEXT("p\\user\\folder.pf"));
+        Write(folder, "p/user/back\\slash.pf", kGood);
+        Write(folder, "p/user/by\xE9te.pf", kGood);
+        Write(folder, "p/system.pf",
+              Profile("<ab Value='1'/>", "<Name language='^s'/><IsSysProfile>yes</IsSysProfile>"));
+        Write(folder, "p/double.pf",
+              Profile(Item("ab", "2", "2,1", "2,1") + Item("ab", "9", "9", "9") +
+                      "<t Value=' '/><SS Value='00:00:01'/>"));
+        const ToolRun run = RunTool(folder, CommandFor(row.command, {}));
+        EXPECT_EQ(run.status, row.status) << row.name << ": " << run;
+        EXPECT_NE((row.status == 0 ? run.output : run.error).find(row.part), std::string::npos)
+            << row.name << " wants " << row.part << ": " << run;
+        EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("p\\user\\headless.pf"))), "<Profiles/>") << row.name;
+    }
+}
+
+}  // namespace
