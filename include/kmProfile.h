@@ -179,8 +179,7 @@ private:
     XMLNode BuildDocument(const kmString& newID);
     bool StoreUnder(const kmString& newID) const;
 
-    void LimitMP3Bitrate();
-    void CorrectWMASampleRate();
+    void CorrectSettings();
     kmString JoinOptions(bool withAudio) const;
 
     bool CountsStream(const kmChar* disablingItem) const;

@@ -2,17 +2,13 @@
 // the start; options are found by the hash of their names, and what is special about some of them is a bit
 // that the compiler puts into a copy of the option table.
 #include <algorithm>
-#include <cstdint>
 #include <cstring>
 #include <stdexcept>
 #include <utility>
 
-#include "kmMP3Limit.h"
 #include "kmProfile.h"
-#include "options/FindOption.h"
-#include "options/OptionTraits.h"
-#include "text/Numbers.h"
-#include "text/kmCTString.h"
+#include "profile/Correction.h"
+#include "profile/OptionChoice.h"
 
 namespace {
 
@@ -20,13 +16,6 @@ constexpr std::size_t kLongestName = 12;
 
 static_assert(std::all_of(kOptions.begin(), kOptions.end(),
                           [](const Option& option) { return option.name.size() <= kLongestName; }));
-
-constexpr kmStringView kDiscTargets[] = {KM_TEXT("DVD"), KM_TEXT("VCD"), KM_TEXT("SVCD")};
-
-bool IsDiscTarget(kmStringView target) {
-    return std::any_of(std::begin(kDiscTargets), std::end(kDiscTargets),
-                       [target](kmStringView disc) { return EqualNoCase(disc, target); });
-}
 
 // Puts the pieces one after the other into a text that was made large enough beforehand. That it is, is
 // checked all the same.
@@ -62,72 +51,12 @@ private:
     kmChar* m_end;
 };
 
-void PutSwitch(Pieces& pieces, const Option& option, kmStringView value) {
-    if (!EqualNoCase(value, KM_TEXT("true")) && !EqualNoCase(value, KM_TEXT("yes"))) return;
-    pieces.Put(KM_TEXT('-')).Put(option.name);
-    pieces.Put((option.flags & ARG_SWITCH_ONE) != 0 ? KM_TEXT(" 1 ") : KM_TEXT(" "));
-}
-
-bool IsDefault(const Option& option, kmStringView value) {
-    if (option.defVal.data() == nullptr) return false;
-    return (option.flags & ARG_LOWER_TEXT) != 0 ? value == option.defVal : EqualNoCase(value, option.defVal);
-}
-
-void PutPictureFormat(Pieces& pieces, kmStringView format) {
-    if (EqualNoCase(format, KM_TEXT("JPG"))) {
-        pieces.Put(KM_TEXT("-f image2 -vcodec mjpeg "));
-    } else if (EqualNoCase(format, KM_TEXT("GIF"))) {
-        pieces.Put(KM_TEXT("-pix_fmt rgb24 -f gif "));
-    } else {
-        pieces.Put(KM_TEXT("-f image2 -vcodec ")).PutLower(format).Put(KM_TEXT(' '));
-    }
-}
-
-// `value` ends where a null-terminated text does, or in front of trailing spaces, which end a number too.
-void PutValue(Pieces& pieces, const Option& option, kmStringView value) {
-    const int traits = option.traits;
-    if ((traits & TRAIT_PICTURE_QUALITY) != 0) {
-        pieces.Put(IntegerText(WrapAdd(WrapMultiply(ReadInteger(value.data(), 0), 60), 1)));
-    } else if ((traits & TRAIT_CHANNELS) != 0 && value.front() == KM_TEXT('5')) {
-        pieces.Put(KM_TEXT('6'));
-    } else if ((option.flags & ARG_LOWER_TEXT) != 0) {
-        pieces.PutLower(value);
-    } else {
-        pieces.Put(value);
-        if ((traits & TRAIT_KILOBITS) != 0 && FoldLower(value.back()) != KM_TEXT('k'))
-            pieces.Put(KM_TEXT('K'));
-    }
-}
-
-void PutValuedOption(Pieces& pieces, const Option& option, kmStringView value) {
-    if (IsDefault(option, value)) return;
-    if ((option.traits & TRAIT_PICTURE_FORMAT) != 0) return PutPictureFormat(pieces, value);
-    pieces.Put(KM_TEXT('-')).Put(option.name).Put(KM_TEXT(' ')).Put(KM_TEXT('"'));
-    PutValue(pieces, option, value);
-    pieces.Put(KM_TEXT('"')).Put(KM_TEXT(' '));
-}
-
-// " -vn " and the like, unless the options hold it already.
-void AppendClosing(kmString& options, kmStringView closing) {
-    if (options.find(closing) == kmString::npos) options += closing;
-}
-
 }  // namespace
 
-void kmProfile::LimitMP3Bitrate() {
-    if (!IsValue(KM_TEXT("acodec"), KM_TEXT("mp3"))) return;
-    const std::int32_t limit = _MP3Limit::GetmaxBitrate(IntegerOf(KM_TEXT("ar")));
-    if (limit != -1 && IntegerOf(KM_TEXT("ab")) > limit)
-        SetItemValue(KM_TEXT("ab"), IntegerText(limit).c_str());
-}
-
-void kmProfile::CorrectWMASampleRate() {
-    const kmString& codec = ValueOf(KM_TEXT("acodec"));
-    if (codec != KM_TEXT("wma9x") && codec != KM_TEXT("wma8x") && codec != KM_TEXT("wma7x")) return;
-    const auto trimmed = [this](const kmChar* id) { return TrimView(ValueOf(id), KM_TEXT(' ')); };
-    if (trimmed(KM_TEXT("ab")) == KM_TEXT("320") && trimmed(KM_TEXT("ar")) != KM_TEXT("44100")) {
-        SetItemValue(KM_TEXT("ar"), KM_TEXT("44100"));
-    }
+void kmProfile::CorrectSettings() {
+    const Correction correction =
+        FindCorrection([this](const kmChar* id) -> const kmString& { return ValueOf(id); });
+    if (correction.id != nullptr) SetItemValue(correction.id, correction.value.c_str());
 }
 
 kmString kmProfile::JoinOptions(bool withAudio) const {
@@ -135,34 +64,20 @@ kmString kmProfile::JoinOptions(bool withAudio) const {
     for (const kmProfileItem& item : m_items) length += item.m_value.size() + Pieces::kPerOption;
     kmString options(length, KM_TEXT(' '));
     Pieces pieces(options);
-    kmStringView target;
+    OptionChooser chooser(withAudio);
     for (const kmProfileItem& item : m_items) {
-        const kmStringView value = TrimView(item.m_value, KM_TEXT(' '));
-        if (value.empty()) continue;
-        const int index = FindOption(item.m_id);
-        if (index < 0) continue;
-        const Option& option = kOptions[static_cast<std::size_t>(index)];
-        if ((option.flags & ARG_NOT_PASSED) != 0 || (!withAudio && (option.flags & ARG_AUDIO) != 0)) continue;
-        if ((option.flags & ARG_SWITCH) != 0) {
-            PutSwitch(pieces, option, value);
-            continue;
-        }
-        if ((option.traits & TRAIT_HELD_BACK) != 0) continue;
-        if ((option.traits & TRAIT_TARGET) != 0) target = value;
-        if ((option.traits & TRAIT_SET_BY_TARGET) != 0 && IsDiscTarget(target)) continue;
-        PutValuedOption(pieces, option, value);
+        const ChosenOption chosen = chooser.Choose(item.m_id, item.m_value);
+        if (chosen.choice == OptionChoice::Switch || chosen.choice == OptionChoice::Value)
+            PutOption(pieces, chosen);
     }
     options.resize(static_cast<std::size_t>(pieces.End() - options.data()));
     return options;
 }
 
 kmString kmProfile::GetAvcString(bool withAudio) {
-    LimitMP3Bitrate();
-    CorrectWMASampleRate();
+    CorrectSettings();
     kmString options = JoinOptions(withAudio);
     options += KM_TEXT(' ');
-    const PROFILE_TYPE type = GetType();
-    if (type == PROFILE_TYPE_AUDIO) AppendClosing(options, KM_TEXT(" -vn "));
-    if (type == PROFILE_TYPE_PICTURE) AppendClosing(options, KM_TEXT(" -an "));
+    options += ClosingOption(options, GetType());
     return options;
 }
