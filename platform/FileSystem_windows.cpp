@@ -5,10 +5,10 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
-#include <aclapi.h>
-
 #include <algorithm>
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "platform/FileSystem.h"
 
@@ -136,25 +136,21 @@ Handle OpenRegular(const kmString& path, std::uint64_t& size) {
     return FromSystem(handle);
 }
 
-// What a file inherits from its folder is not copied: it stays what the folder says.
-void TakeOverAccess(const kmString& from, const kmString& to) {
-    PACL list = nullptr;
-    PSECURITY_DESCRIPTOR descriptor = nullptr;
-    if (GetNamedSecurityInfoW(from.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr,
-                              &list, nullptr, &descriptor) != ERROR_SUCCESS) {
-        return;
-    }
+// False when the new file may be open to more people than the old one. Both lie in one folder, so that what
+// they inherit is the same. File systems without access lists have none to take over.
+bool TakeOverAccess(const kmString& from, const kmString& to) {
+    DWORD size = 0;
+    GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+    if (GetLastError() != ERROR_INSUFFICIENT_BUFFER) return GetLastError() != ERROR_ACCESS_DENIED;
+    std::vector<std::max_align_t> buffer(size / sizeof(std::max_align_t) + 1);
+    const PSECURITY_DESCRIPTOR descriptor = buffer.data();
+    if (GetFileSecurityW(from.c_str(), DACL_SECURITY_INFORMATION, descriptor, size, &size) == 0) return false;
     SECURITY_DESCRIPTOR_CONTROL control = 0;
     DWORD revision = 0;
-    if (list != nullptr && GetSecurityDescriptorControl(descriptor, &control, &revision) != 0) {
-        const SECURITY_INFORMATION inheritance = (control & SE_DACL_PROTECTED) != 0
-                                                     ? PROTECTED_DACL_SECURITY_INFORMATION
-                                                     : UNPROTECTED_DACL_SECURITY_INFORMATION;
-        kmString target = to;  // the call takes a pointer that is not constant
-        SetNamedSecurityInfoW(target.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inheritance, nullptr,
-                              nullptr, list, nullptr);
-    }
-    LocalFree(descriptor);
+    GetSecurityDescriptorControl(descriptor, &control, &revision);
+    if ((control & SE_DACL_AUTO_INHERITED) != 0)  // else later changes of the folder would not reach the file
+        SetSecurityDescriptorControl(descriptor, SE_DACL_AUTO_INHERIT_REQ, SE_DACL_AUTO_INHERIT_REQ);
+    return SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, descriptor) != 0;
 }
 
 void TakeOverAttributes(const kmString& from, const kmString& to) {
@@ -273,10 +269,13 @@ Handle CreateNew(const Path& path, const Path& old, bool& exists) {
     const HANDLE handle =
         CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     exists = handle == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS;
-    if (handle != INVALID_HANDLE_VALUE && !old.empty()) {
-        TakeOverAccess(old, path);
-        TakeOverAttributes(old, path);
+    if (handle == INVALID_HANDLE_VALUE || old.empty()) return FromSystem(handle);
+    if (!TakeOverAccess(old, path)) {
+        CloseHandle(handle);
+        DeleteFileW(path.c_str());
+        return FromSystem(INVALID_HANDLE_VALUE);
     }
+    TakeOverAttributes(old, path);
     return FromSystem(handle);
 }
 

@@ -94,6 +94,7 @@ TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
         {"later_system_profile_added", [](kmManager& m) { m.AddUserProfile(KM_TEXT("s")); }},
         {"id_put_into_the_list",
          [](kmManager& m) { m.GetUserGroup().GetProfileIDs().push_back(KM_TEXT("z")); }},
+        {"groups_removed", [](kmManager& m) { m.GetSystemGroups().clear(); }},
         {"group_renamed",
          [](kmManager& m) {
              for (kmGroup& group : m.GetSystemGroups()) group.SetName(KM_TEXT("renamed"));

@@ -1,6 +1,21 @@
-// What only this system does: locks, read-only files, long paths, the order of its listings, its console and
-// its test for UTF-16.
+// What only this system does: locks, read-only files, access lists, long paths, the order of its listings,
+// its console and its test for UTF-16. The tests that only the other system has, and what stands for them
+// here:
+//   names by bytes                RenamingNeverReplaces, RecordsFollowTheSystemsListing
+//   odd entries of a folder       none: folders here hold neither pipes nor sockets nor devices
+//   a full disk                   the fault tests, which run here too: a process cannot limit its files here
+//   links                         none: making them is a privilege here, which an ordinary account lacks
+//   permissions, access lists     ReplacedFileKeepsItsAccessList, ReadOnlyFileIsOnlyRenamed
+//   what may not be written       HeldFileStaysWhole, ReadOnlyFileIsOnlyRenamed
+//   rights of another group       ReplacedFileKeepsItsAccessList: an access list is carried over whole or not
+//   several processes             HeldFileStaysWhole: what one holds open the other cannot replace
+//   the tool on odd files         the library's tests of the same files; names and terminals are not to be
+//   had
+#include <aclapi.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <io.h>
+#include <sddl.h>
 #include <windows.h>
 
 #include <set>
@@ -72,6 +87,53 @@ TEST(WindowsFiles, ReadOnlyFileIsOnlyRenamed) {
     EXPECT_TRUE(Rename(folder, L"a.pf", L"b.pf"));
     EXPECT_EQ(State(folder), std::set<std::string>{"b.pf:old"});
     SetFileAttributesW(folder.Path(L"b.pf").c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+// The access list as text, or why it cannot be read.
+std::wstring AccessListOf(const kmString& path) {
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    const DWORD error = GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION,
+                                              nullptr, nullptr, nullptr, nullptr, &descriptor);
+    if (error != ERROR_SUCCESS) return L"error " + std::to_wstring(error);
+    wchar_t* text = nullptr;
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1,
+                                                         DACL_SECURITY_INFORMATION, &text, nullptr);
+    const std::wstring list = text == nullptr ? L"none" : text;
+    LocalFree(text);
+    LocalFree(descriptor);
+    return list;
+}
+
+// Leaves the file to its owner alone.
+bool Narrow(const kmString& path) {
+    HANDLE token = nullptr;
+    alignas(TOKEN_USER) std::byte user[256];
+    DWORD size = 0;
+    wchar_t* owner = nullptr;
+    const bool isKnown = OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token) != 0 &&
+                         GetTokenInformation(token, TokenUser, user, sizeof user, &size) != 0 &&
+                         ConvertSidToStringSidW(reinterpret_cast<TOKEN_USER*>(user)->User.Sid, &owner) != 0;
+    CloseHandle(token);
+    if (!isKnown) return false;
+    const std::wstring text = std::wstring(L"D:P(A;;FA;;;") + owner + L")";
+    LocalFree(owner);
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    ConvertStringSecurityDescriptorToSecurityDescriptorW(text.c_str(), SDDL_REVISION_1, &descriptor, nullptr);
+    const bool isDone = SetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, descriptor) != 0;
+    LocalFree(descriptor);
+    return isDone;
+}
+
+TEST(WindowsFiles, ReplacedFileKeepsItsAccessList) {
+    const TemporaryFolder folder;
+    folder.WriteBytes(L"a.pf", "old");
+    const kmString path = folder.Path(L"a.pf");
+    const std::wstring wide = AccessListOf(path);
+    ASSERT_TRUE(Narrow(path)) << GetLastError();
+    const std::wstring narrow = AccessListOf(path);
+    ASSERT_NE(Utf8(narrow), Utf8(wide)) << "nothing to keep";
+    EXPECT_EQ(Store(folder, L"a.pf"), StoreResult::Done);
+    EXPECT_EQ(Utf8(AccessListOf(path)), Utf8(narrow));
 }
 
 TEST(WindowsFiles, RenamingNeverReplaces) {
@@ -149,6 +211,24 @@ TEST(WindowsOutput, PrintsReadableTextInOrder) {
     std::printf("after");
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "before caf\xC3\xA9 \xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x98\x80\nafter");
+}
+
+// An application may have set its output to wide text, and a user may have sent it to a file.
+TEST(WindowsOutput, SurvivesAnOutputOfWideText) {
+    const TemporaryFolder folder;
+    const kmString path = folder.Path(L"out");
+    std::fflush(stdout);
+    const int saved = _dup(_fileno(stdout));
+    const int file = _wopen(path.c_str(), _O_WRONLY | _O_CREAT | _O_BINARY, _S_IWRITE);
+    _dup2(file, _fileno(stdout));
+    const int mode = _setmode(_fileno(stdout), _O_U16TEXT);
+    PrintText(L"caf\u00E9 \u65E5\U0001F600\n");
+    std::fflush(stdout);
+    _setmode(_fileno(stdout), mode);
+    _dup2(saved, _fileno(stdout));
+    _close(saved);
+    _close(file);
+    EXPECT_EQ(ReadBytes(folder.SystemPath(L"out")), Utf16Bytes(L"caf\u00E9 \u65E5\U0001F600\r\n"));
 }
 
 TEST(WindowsEncoding, Utf16IsRecognisedAsTheSystemDoes) {
