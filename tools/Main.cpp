@@ -46,6 +46,7 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     AddListCommand(app, global);
     AddShowCommand(app, global);
     AddArgsCommand(app, global);
+    AddExplainCommand(app, global);
     AddEstimateCommand(app, global);
     AddSetCommand(app, global);
     AddEditCommand(app, global);
