@@ -125,7 +125,8 @@ public:
     kmString GetAvcString(bool withAudio);
 
     // Estimates of the output's size in bytes. Durations in microseconds, sizes in pixels, the source's bit
-    // rates in bit/s; settings that are missing or no numbers count as 0.
+    // rates in bit/s; settings that are missing or no numbers count as 0. kmSizeEstimate.h tells what an
+    // estimate is made of, and which 0 means that nobody knows.
 
     // From the profile's own settings; pictures when the profile makes pictures.
     std::int64_t CalcOutputFileSize(std::int64_t duration, bool withAudio, int sourceWidth,
@@ -181,10 +182,6 @@ private:
 
     void CorrectSettings();
     kmString JoinOptions(bool withAudio) const;
-
-    bool CountsStream(const kmChar* disablingItem) const;
-    double AudioBytes(double seconds, std::int32_t compressedBitrate) const;
-    std::int64_t PictureBytes(int sourceWidth, int sourceHeight) const;
 
     kmString m_id;
     std::vector<kmProfileItem> m_items;
