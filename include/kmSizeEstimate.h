@@ -6,8 +6,8 @@
 #include "kmExport.h"
 #include "kmProfile.h"
 
-// How far the size of a stream can be trusted. No estimate counts what the container itself takes.
-// Applications may keep the numbers.
+// How far the size of a stream can be trusted, from the most certain on. No estimate counts what the
+// container itself takes. Applications may keep the numbers.
 enum SIZE_CERTAINTY : std::int32_t {
     SIZE_CERTAINTY_ABSENT = 0,   // not counted: the profile makes no such stream or says "false" for "vn" or
                                  // "an", or the caller did not ask for it; 0 bytes
@@ -59,14 +59,17 @@ KM_EXPORT kmSizeEstimate kmExplainImageOutputFileSize(const kmProfile& profile, 
                                                       int sourceWidth, int sourceHeight);
 KM_EXPORT kmSizeEstimate kmExplainP2VOutputFileSize(const kmProfile& profile, std::int64_t duration);
 
-// Video bit rates in kbit/s; 0 for none.
+// Video bit rates in kbit/s, 0 for none.
 struct kmVideoBitrateFit {
     std::int32_t highest = 0;    // of all whole ones
     std::int32_t candidate = 0;  // of the advanced candidates of "b"
+
+    // Of the less certain stream of an output with such a bit rate; absent when there is none.
+    SIZE_CERTAINTY certainty = SIZE_CERTAINTY_ABSENT;
 };
 
 // The highest bit rates that "b" may have for kmProfile::CalcOutputFileSize to stay within `bytes`. None when
-// not even 1 kbit/s does, for a duration that is not above 0, and for a profile whose video does not count.
-// Audio of unknown size counts as 0 here too.
+// not even 1 kbit/s does, for a duration that is not above 0, and for a profile whose video does not count or
+// that makes pictures. Audio of unknown size counts as 0 here too, and the certainty says so.
 KM_EXPORT kmVideoBitrateFit kmFitVideoBitrate(const kmProfile& profile, std::int64_t bytes,
                                               std::int64_t duration, bool withAudio);

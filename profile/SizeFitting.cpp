@@ -1,5 +1,6 @@
 // The video bit rate for a wanted size. The estimate itself is asked, by halving: it never falls when the bit
 // rate rises, and turning its arithmetic round would be off where that is cut to whole bytes.
+#include <algorithm>
 #include <limits>
 
 #include "profile/StreamSize.h"
@@ -12,6 +13,16 @@ kmProfile WithBitrateItem(const kmProfile& profile) {
     kmProfile copy = profile;
     if (!copy.ItemExist(kVideo.bitrate)) copy.GetProfileItems().emplace_back().SetID(kVideo.bitrate);
     return copy;
+}
+
+void SetBitrate(kmProfile& profile, std::int32_t bitrate) {
+    profile.SetItemValue(kVideo.bitrate, IntegerText(bitrate).c_str());
+}
+
+SIZE_CERTAINTY CertaintyWith(kmProfile& profile, std::int32_t bitrate, bool withAudio) {
+    SetBitrate(profile, bitrate);
+    const kmSizeEstimate estimate = kmExplainOutputFileSize(profile, 0, withAudio, 0, 0);
+    return std::max(estimate.video.certainty, estimate.audio.certainty);
 }
 
 // 0 when not even 1 kbit/s fits.
@@ -36,9 +47,11 @@ kmVideoBitrateFit kmFitVideoBitrate(const kmProfile& profile, std::int64_t bytes
         return fit;
     kmProfile tried = WithBitrateItem(profile);
     fit.highest = HighestThatFits([&](std::int32_t bitrate) {
-        tried.SetItemValue(kVideo.bitrate, IntegerText(bitrate).c_str());
+        SetBitrate(tried, bitrate);
         return tried.CalcOutputFileSize(duration, withAudio, 0, 0) <= bytes;
     });
+    if (fit.highest == 0) return fit;
+    fit.certainty = CertaintyWith(tried, fit.highest, withAudio);
     for (const kmString& candidate : tried.GetProfileItem(kVideo.bitrate)->GetAdvCandidatesValue()) {
         const std::int32_t bitrate = ReadInteger(candidate.c_str(), 0);
         if (bitrate > fit.candidate && bitrate <= fit.highest) fit.candidate = bitrate;

@@ -1,8 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <charconv>
 #include <cstdint>
-#include <cstdio>
-#include <iterator>
 #include <limits>
 #include <memory>
 #include <optional>
@@ -11,10 +9,12 @@
 
 #include "Commands.h"
 #include "Console.h"
+#include "EstimateViews.h"
 #include "Failure.h"
 #include "Paths.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
+#include "Sizes.h"
 #include "kmFolders.h"
 #include "kmText.h"
 
@@ -22,10 +22,30 @@ namespace {
 
 constexpr std::int64_t kMicroseconds = 1'000'000;
 
+constexpr const char* kFooter =
+    R"(The estimate follows the profile's own settings. Pictures are counted over the profile's recording time
+(pt) instead of the input's duration. A stream without a bit rate ("Auto", lossless codecs), and pictures
+over the whole input ("Full"), are unknown.
+
+--explain shows the bit rate that counted for each stream, where it came from, and what the size is worth:
+"exact" is fixed by numbers, "bounded" a bit rate that the encoder keeps to on average, "rough" a guess,
+because nothing holds the encoder to it.
+
+--fit prints the highest of the profile's candidates for "b", the highest bit rate of any, and what the size
+is then worth. SIZE is in bytes, or in units of 1024 bytes (K), 1024 K (M) or 1024 M (G). Exit status 1 when
+nothing fits.
+
+Examples:
+  kmprofile estimate "Holiday Clips" --duration 00:10:00 --explain
+  kmprofile estimate "Holiday Clips" --duration 600 --no-audio
+  kmprofile estimate "Holiday Clips" --duration 01:30:00 --fit 700M)";
+
 struct EstimateArguments {
     std::string id;
     std::string duration;
     std::optional<std::string> source;
+    std::optional<std::string> fit;
+    bool explain = false;
     bool noAudio = false;
 };
 
@@ -72,25 +92,32 @@ bool NeedsSourceSize(const kmProfile& profile) {
     return profile.ItemExist(KM_TEXT("pcodec")) && (own.width == 0 || own.height == 0);
 }
 
-std::string GroupDigits(std::int64_t number) {
-    std::string digits = std::to_string(number);
-    const std::ptrdiff_t first = number < 0 ? 1 : 0;
-    for (auto at = static_cast<std::ptrdiff_t>(digits.size()) - 3; at > first; at -= 3) {
-        digits.insert(static_cast<std::size_t>(at), 1, ' ');
-    }
-    return digits;
+std::int64_t ReadWantedSize(const std::string& text) {
+    if (const std::optional<std::int64_t> bytes = ReadSize(text)) return *bytes;
+    throw UsageFailure("--fit: " + Quoted(text) + " is no size such as 700M, 4.7G, 1500K or 734003200");
 }
 
-// Empty below one kibibyte, where the bytes are readable enough.
-std::string InLargeUnits(std::int64_t bytes) {
-    constexpr const char* kUnits[] = {"KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
-    double size = static_cast<double>(bytes) / 1024;
-    if (size < 1) return {};
-    std::size_t unit = 0;
-    for (; size >= 1024 && unit + 1 < std::size(kUnits); ++unit) size /= 1024;
-    char text[32];
-    std::snprintf(text, sizeof text, " (%.1f %s)", size, kUnits[unit]);
-    return text;
+// The reason why no video bit rate fits. A profile that none fits however large the output may be has no
+// video.
+Failure NothingFits(const EstimateArguments& arguments, const kmProfile& profile, std::int64_t bytes,
+                    std::int64_t duration) {
+    const bool withAudio = !arguments.noAudio;
+    constexpr std::int64_t kUnlimited = std::numeric_limits<std::int64_t>::max();
+    if (kmFitVideoBitrate(profile, kUnlimited, duration, withAudio).highest == 0)
+        return Failure(Quoted(arguments.id) + " makes no video that has a bit rate");
+    const std::int64_t audio = kmExplainOutputFileSize(profile, duration, withAudio, 0, 0).audio.bytes;
+    return Failure("no video bit rate fits into " + SizeText(bytes) +
+                   (audio == 0 ? "" : ": the audio takes " + SizeText(audio)));
+}
+
+void Fit(const EstimateArguments& arguments, const kmString& folder) {
+    const std::int64_t duration = ReadDuration(arguments.duration);
+    const std::int64_t bytes = ReadWantedSize(*arguments.fit);
+    if (duration == 0) throw UsageFailure("--duration: --fit needs one above 0");
+    const kmProfile profile = LoadProfile(folder, kmPathFromUtf8(arguments.id));
+    const kmVideoBitrateFit fit = kmFitVideoBitrate(profile, bytes, duration, !arguments.noAudio);
+    if (fit.highest == 0) throw NothingFits(arguments, profile, bytes, duration);
+    PrintFit(fit);
 }
 
 void Estimate(const EstimateArguments& arguments, const kmString& folder) {
@@ -100,9 +127,9 @@ void Estimate(const EstimateArguments& arguments, const kmString& folder) {
     if (!arguments.source && NeedsSourceSize(profile)) {
         throw UsageFailure(Quoted(arguments.id) + " keeps the source's frame size: give it with --source");
     }
-    const std::int64_t bytes =
-        profile.CalcOutputFileSize(duration, !arguments.noAudio, source.width, source.height);
-    Print(GroupDigits(bytes) + (bytes == 1 ? " byte" : " bytes") + InLargeUnits(bytes) + '\n');
+    const kmSizeEstimate estimate =
+        kmExplainOutputFileSize(profile, duration, !arguments.noAudio, source.width, source.height);
+    (arguments.explain ? PrintBreakdown : PrintEstimate)(estimate);
 }
 
 }  // namespace
@@ -119,12 +146,15 @@ void AddEstimateCommand(CLI::App& app, const GlobalOptions& global) {
                      "The input's frame size, for picture profiles that keep it, as 1920x1080")
         ->type_name("SIZE");
     command->add_flag("--no-audio", arguments->noAudio, "Leave the audio out");
-    command->footer(
-        R"(The estimate follows the profile's own settings; a bit rate of "Auto" counts as 0. Pictures are
-counted over the profile's recording time (pt) instead of the input's duration; "Full" counts as 0.
-
-Examples:
-  kmprofile estimate "Holiday Clips" --duration 00:10:00
-  kmprofile estimate "Holiday Clips" --duration 600 --no-audio)");
-    command->callback([arguments, &global] { Estimate(*arguments, ProfilesFolder(global.folder)); });
+    CLI::Option* explain =
+        command->add_flag("--explain", arguments->explain, "Show the estimate stream by stream");
+    command
+        ->add_option("--fit", arguments->fit,
+                     "Print the highest video bit rates with which the output stays within SIZE instead")
+        ->type_name("SIZE")
+        ->excludes(explain);
+    command->footer(kFooter);
+    command->callback([arguments, &global] {
+        (arguments->fit ? Fit : Estimate)(*arguments, ProfilesFolder(global.folder));
+    });
 }

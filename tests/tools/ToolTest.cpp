@@ -82,7 +82,8 @@ constexpr const char* kCommands[] = {"list",
                                      "show @",
                                      "args @ --held-back",
                                      "args @ --set ab=1",
-                                     "estimate @ --duration 60 --source 16x16",
+                                     "estimate @ --duration 60 --source 16x16 --explain",
+                                     "estimate @ --duration 60 --fit 1M",
                                      "icon @",
                                      "icon --group @",
                                      "check @ @",
@@ -182,6 +183,16 @@ const Answer kAnswers[] = {
     {"path_as_id", "rename good a/b", 1, "\"a/b\" cannot be a file name: it has a control"},
     {"device_as_id", "rename good Con.x", 1, "\"Con.x\" cannot be a file name: it is the name"},
     {"held_back_or_blank_setting_wrong", "args double --held-back", 0, " \nss=00:00:01\n"},
+    {"known_part_taken_for_all", "estimate clip --duration 60", 0,
+     "at least 960 000 bytes (937.5 KiB), without"},
+    {"unknown_size_is_0_bytes", "estimate clip --duration 60 --no-audio", 0, "unknown\n"},
+    {"bit_rate_not_shown", "estimate good --duration 60 --explain", 0,
+     "KiB)  128 kbit/s  profile  bounded\n"},
+    {"size_in_thousands", "estimate clip --duration 60 --fit 6797K", 0,
+     "800 kbit/s\nany        800 kbit/s\n"},
+    {"nothing_fits_and_done", "estimate clip --duration 60 --fit 900K", 1, "the audio takes 960 000 bytes"},
+    {"fit_without_video", "estimate good --duration 60 --fit 1M", 1, "\"good\" makes no video"},
+    {"wrong_size_accepted", "estimate clip --duration 60 --fit 1.5", 2, "--fit: \"1.5\" is no size"},
 };
 
 TEST(Tool, AnswersInItsOwnWords) {
@@ -189,6 +200,7 @@ TEST(Tool, AnswersInItsOwnWords) {
         const TemporaryFolder folder;
         Write(folder, "p/user/good.pf", kGood);
         Write(folder, "p/user/headless.pf", "<Profiles/>");
+        Write(folder, "p/clip.pf", Profile(Item("b", "Auto", "9,8", "900,800") + "<ab Value='128'/>"));
         folder.MakeFolder(KM_TEXT("p\\user\\folder.pf"));
         Write(folder, "p/user/back\\slash.pf", kGood);
         Write(folder, "p/user/by\xE9te.pf", kGood);

@@ -1,0 +1,13 @@
+// Estimates as people read them.
+#pragma once
+
+#include "kmSizeEstimate.h"
+
+// The total on one line, which says when a stream has no known size.
+void PrintEstimate(const kmSizeEstimate& estimate);
+
+// A line for each stream that counts, and one for the total.
+void PrintBreakdown(const kmSizeEstimate& estimate);
+
+// The bit rates, at least one of which is above 0.
+void PrintFit(const kmVideoBitrateFit& fit);
