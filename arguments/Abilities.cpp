@@ -67,6 +67,6 @@ std::vector<kmMissingAbility> kmFindMissingAbilities(const kmProfile& profile, K
     const kmArgumentList list = kmBuildArguments(profile, request);
     AbilityCheck check(DialectOf(dialect), abilities);
     for (const kmArgument& setting : list.settings) check.CheckSetting(setting);
-    check.CheckArguments({}, profile.GetFormat(), list.closing);
+    check.CheckArguments({}, list.format.value, list.format.arguments);
     return std::move(check.missing);
 }

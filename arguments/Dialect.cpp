@@ -27,10 +27,11 @@ const DialectOption* FindDialectOption(const Dialect& dialect, kmStringView name
     });
 }
 
-const DialectValue* FindDialectValue(const Dialect& dialect, kmStringView name, kmStringView codec,
+const DialectValue* FindDialectValue(const Dialect& dialect, kmStringView name, kmStringView with,
                                      kmStringView value) {
     return FindRow(dialect.values, [&](const DialectValue& row) {
-        return row.name == name && (row.codec.empty() || row.codec == codec) && EqualNoCase(row.value, value);
+        return row.name == name && (row.with.empty() || EqualNoCase(row.with, with)) &&
+               EqualNoCase(row.value, value);
     });
 }
 

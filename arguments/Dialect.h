@@ -22,10 +22,10 @@ struct DialectOption {
 };
 
 // What the dialect calls a value of an option, which is compared without regard to letter case.
-// The first row whose codec fits decides; without one the value stays.
+// The first row that fits decides; without one the value stays.
 struct DialectValue {
     kmStringView name;
-    kmStringView codec;       // as in DialectOption
+    kmStringView with;        // as the codec in DialectOption; of "vcodec" itself: only in this output format
     kmStringView value;       // as the profile has it, without spaces at both ends
     kmStringView translated;  // empty: the option is dropped; within the pattern of another one, nothing
     kmStringView why;
@@ -35,6 +35,7 @@ struct DialectValue {
 struct DialectContainer {
     kmStringView format;
     kmStringView translated;
+    kmStringView why;
 };
 
 // What a value of an option makes the encoder use without naming it as an argument.
@@ -60,7 +61,7 @@ const Dialect& DialectOf(KM_DIALECT dialect);
 // The rows that decide about an option and about its value as the profile has it, or null. `codec` is the
 // name of the video encoder.
 const DialectOption* FindDialectOption(const Dialect& dialect, kmStringView name, kmStringView codec);
-const DialectValue* FindDialectValue(const Dialect& dialect, kmStringView name, kmStringView codec,
+const DialectValue* FindDialectValue(const Dialect& dialect, kmStringView name, kmStringView with,
                                      kmStringView value);
 
 // The row of the output format, or null.

@@ -69,6 +69,7 @@ public:
             Decide(setting, chooser.Choose(setting.id, Counted(setting)));
         CoverUsedSettings();
         for (kmArgument& setting : m_list.settings) Explain(setting);
+        WriteFormat();
         JoinArguments();
         Close();
         return std::move(m_list);
@@ -129,7 +130,7 @@ private:
     void Write(kmArgument& setting, const ChosenOption& chosen, const kmString& ownValue) {
         const kmStringView name = chosen.option->name;
         const DialectOption* option = FindDialectOption(m_dialect, name, m_codec);
-        const DialectValue* value = FindDialectValue(m_dialect, name, m_codec, chosen.value);
+        const DialectValue* value = FindValue(name, chosen.value);
         const kmString translated = value == nullptr ? ownValue : kmString(value->translated);
         const bool isDropped = value != nullptr && translated.empty();
         const std::vector<kmString> own = OwnArguments(chosen, ownValue);
@@ -175,6 +176,11 @@ private:
         return arguments;
     }
 
+    const DialectValue* FindValue(kmStringView name, kmStringView value) const {
+        const bool isCodec = name == KM_TEXT("vcodec");
+        return FindDialectValue(m_dialect, name, isCodec ? m_profile.GetFormat() : m_codec, value);
+    }
+
     // The dialect's value of the first setting of that name, or of the option's default.
     kmString ValueOfOther(kmStringView name) const {
         kmStringView value;
@@ -184,7 +190,7 @@ private:
         if (found != m_list.settings.end()) value = TrimView(Counted(*found), KM_TEXT(' '));
         if (const int index = FindOption(name); value.empty() && index >= 0)
             value = kOptions[static_cast<std::size_t>(index)].defVal;
-        const DialectValue* row = FindDialectValue(m_dialect, name, m_codec, value);
+        const DialectValue* row = FindValue(name, value);
         return kmString(row == nullptr ? value : row->translated);
     }
 
@@ -228,15 +234,25 @@ private:
         // Only the string is searched for it, quirks included; elsewhere saying it twice does no harm.
         m_string.Put(KM_TEXT(' '));
         const kmStringView options = m_request.dialect == KM_DIALECT_OWN ? m_string.text : kmStringView();
-        const kmStringView closing = TrimView(ClosingOption(options, m_profile.GetType()), KM_TEXT(' '));
-        if (!closing.empty()) m_list.closing.emplace_back(closing);
-        const kmString format = m_profile.GetFormat();
-        if (m_request.withContainer && !format.empty() && !HasPictureFormat()) {
-            m_list.closing.emplace_back(KM_TEXT("-f"));
-            const DialectContainer* container = FindDialectContainer(m_dialect, format);
-            m_list.closing.emplace_back(container == nullptr ? kmStringView(format) : container->translated);
+        m_list.streams = TrimView(ClosingOption(options, m_profile.GetType()), KM_TEXT(' '));
+        if (!m_list.streams.empty()) m_list.arguments.push_back(m_list.streams);
+        const std::vector<kmString>& format = m_list.format.arguments;
+        m_list.arguments.insert(m_list.arguments.end(), format.begin(), format.end());
+    }
+
+    void WriteFormat() {
+        kmArgument& format = m_list.format;
+        format.value = m_profile.GetFormat();
+        format.fate = format.value.empty()       ? ARGUMENT_EMPTY
+                      : HasPictureFormat()       ? ARGUMENT_COVERED
+                      : !m_request.withContainer ? ARGUMENT_HELD_BACK
+                                                 : ARGUMENT_WRITTEN;
+        const DialectContainer* row = FindDialectContainer(m_dialect, format.value);
+        if (format.fate == ARGUMENT_WRITTEN) {
+            format.arguments = {KM_TEXT("-f"), row == nullptr ? format.value : kmString(row->translated)};
+            if (row != nullptr) format.fate = ARGUMENT_TRANSLATED;
         }
-        m_list.arguments.insert(m_list.arguments.end(), m_list.closing.begin(), m_list.closing.end());
+        format.sentence = DescribeFate(format, {}, row == nullptr ? kmStringView() : row->why);
     }
 
     // Which names the output format itself.

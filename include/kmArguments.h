@@ -52,9 +52,12 @@ struct kmArgumentRequest {
 };
 
 struct kmArgumentList {
-    std::vector<kmString> arguments;   // all of them, one an element, without quotation marks
+    // All of them, one an element, without quotation marks: those of the settings (whose filters are joined
+    // to one argument), `streams`, those of `format`.
+    std::vector<kmString> arguments;
     std::vector<kmArgument> settings;  // one for each item of the profile, in its order
-    std::vector<kmString> closing;     // those that no setting wrote: "-vn" or "-an", and the output format
+    kmArgument format;                 // the output format of the header, as a setting without an ID
+    kmString streams;                  // "-vn" or "-an", which no setting wrote; empty for none
 };
 
 // The arguments between an encoder's input and its output. For KM_DIALECT_OWN and nothing held back they are

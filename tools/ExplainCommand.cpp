@@ -31,8 +31,10 @@ void Explain(const ExplainArguments& arguments, const kmString& folder) {
     const kmArgumentList list = kmBuildArguments(profile, request);
     std::vector<TableRow> rows;
     for (const kmArgument& setting : list.settings) rows.push_back(RowOf(setting));
+    rows.push_back(RowOf(list.format));
+    rows.back().cells.front() = "(format)";
     PrintTable(rows, 0);
-    if (!list.closing.empty()) Print("\nAfter the settings: " + ShellLine(list.closing) + '\n');
+    if (!list.streams.empty()) Print("\nAfter the settings: " + kmUtf8FromText(list.streams) + '\n');
 }
 
 }  // namespace

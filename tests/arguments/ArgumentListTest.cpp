@@ -64,7 +64,7 @@ TEST(ArgumentList, IsTheOptionStringTakenApart) {
             const kmString counted = setting.corrected.empty() ? setting.value : setting.corrected;
             ASSERT_EQ(Utf8(counted), Utf8(changing.GetProfileItems()[i].GetValue())) << settings;
         }
-        parts.insert(parts.end(), list.closing.begin(), list.closing.end());
+        if (!list.streams.empty()) parts.push_back(list.streams);
         ASSERT_EQ(Joined(parts), Joined(list.arguments))
             << settings << ": the explanation tells another list";
     }
@@ -75,6 +75,7 @@ struct ListRow {
     const char* settings;
     kmArgumentRequest request;
     const char* expected;  // "fate arguments; " of each setting, then those of none
+    const char* format = "avi";
 };
 
 constexpr kmArgumentRequest kOwn = {};
@@ -110,6 +111,9 @@ const ListRow kRows[] = {
      "translated -vf | crop=in_w:in_h-2:0:2; -f | avi"},
     {"standard_not_part_of_the_target", "standard=PAL;target=Dvd;b=1;", kFfmpeg,
      "covered ; translated -target | pal-dvd; set-by-target ; -f | avi"},
+    {"codec_that_the_output_format_refuses", "vcodec=H263p;", kFfmpeg, "translated -vcodec | h263; -f | 3gp",
+     "3gp"},
+    {"output_format_not_translated", "vcodec=H263p;", kFfmpeg, "written -vcodec | H263p; -f | mpeg", "DPG"},
     {"dropped_without_a_word", "zoom=0;sameq=true;ar=Auto;", kFfmpeg,
      "dropped ; dropped ; dropped ; -f | avi"},
     {"correction_lost_in_translation", "acodec=mp3;ar=22050;ab=192;", kFfmpeg,
@@ -120,13 +124,15 @@ std::string Render(const kmArgumentList& list) {
     std::string text;
     for (const kmArgument& setting : list.settings)
         text += kmFateName(setting.fate) + (' ' + Joined(setting.arguments)) + "; ";
-    return text + Joined(list.closing);
+    std::vector<kmString> others = list.format.arguments;
+    if (!list.streams.empty()) others.insert(others.begin(), list.streams);
+    return text + Joined(others);
 }
 
 TEST(ArgumentList, TellsWhatBecameOfEachSetting) {
     for (const ListRow& row : kRows) {
         kmProfile profile = ProfileWith(row.settings);
-        profile.SetFormat(KM_TEXT("avi"));
+        profile.SetFormat(TextFromBytes(row.format));
         const kmArgumentList list = kmBuildArguments(profile, row.request);
         EXPECT_EQ(Render(list), row.expected) << row.fault << ": " << row.settings;
         for (const kmArgument& setting : list.settings)
@@ -153,7 +159,7 @@ TEST(MissingAbilities, AreNamedBySettingAndByTheEncodersName) {
         {"what_is_not_written_needed",       "target=DVD;acodec=mp3;",     "avi",  "target=DVD: ac3|target=DVD: dvd|"},
         {"output_format_not_looked_at",      "vcodec=mpeg4;",              "ape",  "=ape: ape|"},
         {"header_counted_for_pictures",      "pcodec=JPG;",                "none", ""},
-        {"picture_format_not_looked_at",     "pcodec=GIF;",                "none", "pcodec=GIF: gif|"},
+        {"picture_format_not_looked_at",     "pcodec=GIF;",                "none", "pcodec=GIF: gif|pcodec=GIF: gif|"},
     };
     // clang-format on
     for (const auto& row : rows) {
