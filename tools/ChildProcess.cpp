@@ -168,6 +168,8 @@ int WaitForEnd(Child& child, Stream& output, Stream& error) {
 
 }  // namespace
 
+std::string CauseOfDeath(const ChildEnd& end) { return "signal " + std::to_string(end.code); }
+
 void DeferInterrupts() {
     static const Pipe signals(O_NONBLOCK);
     signalsFrom = signals.from.Get();

@@ -14,6 +14,9 @@ struct ChildEnd {
     int code = 0;  // the exit status; what it died of; the signal that this program received
 };
 
+// In words: "signal 9".
+std::string CauseOfDeath(const ChildEnd& end);
+
 using OutputReader = std::function<void(std::string_view bytes)>;
 
 // From now on a request to stop this program (Ctrl-C, a signal, a closed console) ends the program that

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <csignal>
 #include <cstddef>
+#include <cstdio>
 #include <iterator>
 #include <system_error>
 #include <utility>
@@ -196,6 +197,12 @@ private:
 };
 
 }  // namespace
+
+std::string CauseOfDeath(const ChildEnd& end) {
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(end.code));
+    return std::string("exception ") + number;
+}
 
 void DeferInterrupts() {
     stopEvent = CreateEventW(nullptr, TRUE, FALSE, nullptr);

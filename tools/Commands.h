@@ -17,6 +17,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global);
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 void AddArgsCommand(CLI::App& app, const GlobalOptions& global);
 void AddExplainCommand(CLI::App& app, const GlobalOptions& global);
+void AddConvertCommand(CLI::App& app, const GlobalOptions& global);
 void AddEstimateCommand(CLI::App& app, const GlobalOptions& global);
 void AddSetCommand(CLI::App& app, const GlobalOptions& global);
 void AddEditCommand(CLI::App& app, const GlobalOptions& global);

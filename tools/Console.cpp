@@ -22,4 +22,8 @@ void PrintError(std::string_view message) {
     std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
+bool ErrorGoesToTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void PrintStatus(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); }
+
 bool FinishOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0; }

@@ -18,5 +18,9 @@ void PrintExactly(std::string_view line);
 // Writes "kmprofile: ", the message and a line end to standard error; the message becomes one line.
 void PrintError(std::string_view message);
 
+// Whether standard error is a terminal; and what only a terminal is told, as it is.
+bool ErrorGoesToTerminal();
+void PrintStatus(std::string_view text);
+
 // Writes what is still pending. False when any part of the output was lost.
 [[nodiscard]] bool FinishOutput();

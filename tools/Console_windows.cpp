@@ -72,4 +72,8 @@ void PrintExactly(std::string_view line) {
 
 void PrintError(std::string_view message) { Write(stderr, "kmprofile: " + Printable(message) + '\n'); }
 
+bool ErrorGoesToTerminal() { return FindConsole(stderr) != nullptr; }
+
+void PrintStatus(std::string_view text) { Write(stderr, text); }
+
 bool FinishOutput() { return std::fflush(stdout) == 0 && std::ferror(stdout) == 0 && !outputLost; }

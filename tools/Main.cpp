@@ -14,7 +14,7 @@
 namespace {
 
 constexpr const char* kDescription =
-    "Lists, shows and changes encoding profiles, and turns them into encoder options.";
+    "Lists, shows and changes encoding profiles, turns them into encoder options, and converts with them.";
 
 constexpr const char* kFooter = R"(Examples:
   kmprofile list --group "User Defined"
@@ -24,6 +24,7 @@ constexpr const char* kFooter = R"(Examples:
   kmprofile rename "Holiday Clips Large" "Grandma"
   kmprofile delete "Grandma"
   kmprofile args "Holiday Clips" --set ab=192 --held-back
+  kmprofile convert "Holiday Clips" tape.avi clip.mp4
   kmprofile estimate "Holiday Clips" --duration 01:30:00
   kmprofile check s 640x480
   kmprofile options vcodec
@@ -32,7 +33,7 @@ A profile's ID is its file name without ".pf". It is looked for in the profiles 
 folder's "user" subfolder, which takes the copies of system profiles. Those of the system are never changed.
 "kmprofile COMMAND --help" explains one command.
 
-Exit status: 0 done; 1 refused or failed; 2 wrong arguments.)";
+Exit status: 0 done; 1 refused or failed; 2 wrong arguments; of "convert" also the encoder's own.)";
 
 void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.set_help_flag("-h,--help", "Print this help and exit");
@@ -47,6 +48,7 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     AddShowCommand(app, global);
     AddArgsCommand(app, global);
     AddExplainCommand(app, global);
+    AddConvertCommand(app, global);
     AddEstimateCommand(app, global);
     AddSetCommand(app, global);
     AddEditCommand(app, global);

@@ -14,18 +14,6 @@ std::int64_t BytesOfUnit(std::string_view unit) {
     return at == std::string_view::npos ? 0 : std::int64_t{1} << (at / 2 + 1) * 10;
 }
 
-// Empty below one kibibyte, where the bytes are readable enough.
-std::string InLargeUnits(std::int64_t bytes) {
-    constexpr const char* kUnits[] = {"KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
-    double size = static_cast<double>(bytes) / 1024;
-    if (size < 1) return {};
-    std::size_t unit = 0;
-    for (; size >= 1024 && unit + 1 < std::size(kUnits); ++unit) size /= 1024;
-    char text[32];
-    std::snprintf(text, sizeof text, " (%.1f %s)", size, kUnits[unit]);
-    return text;
-}
-
 }  // namespace
 
 std::optional<std::int64_t> ReadSize(std::string_view text) {
@@ -50,6 +38,19 @@ std::string GroupDigits(std::int64_t number) {
     return digits;
 }
 
+std::string InLargeUnits(std::int64_t bytes) {
+    constexpr const char* kUnits[] = {"KiB", "MiB", "GiB", "TiB", "PiB", "EiB"};
+    double size = static_cast<double>(bytes) / 1024;
+    if (size < 1) return {};
+    std::size_t unit = 0;
+    for (; size >= 1024 && unit + 1 < std::size(kUnits); ++unit) size /= 1024;
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f %s", size, kUnits[unit]);
+    return text;
+}
+
 std::string SizeText(std::int64_t bytes) {
-    return GroupDigits(bytes) + (bytes == 1 ? " byte" : " bytes") + InLargeUnits(bytes);
+    const std::string rounded = InLargeUnits(bytes);
+    return GroupDigits(bytes) + (bytes == 1 ? " byte" : " bytes") +
+           (rounded.empty() ? "" : " (" + rounded + ')');
 }

@@ -13,5 +13,8 @@ std::optional<std::int64_t> ReadSize(std::string_view text);
 // With a space between groups of three digits.
 std::string GroupDigits(std::int64_t number);
 
+// "12.3 MiB"; empty below one kibibyte, where the bytes are readable enough.
+std::string InLargeUnits(std::int64_t bytes);
+
 // The bytes, from one kibibyte on also in the largest fitting unit: "2 048 bytes (2.0 KiB)".
 std::string SizeText(std::int64_t bytes);

@@ -1,0 +1,17 @@
+#include "ConversionOutput.h"
+
+#include "Failure.h"
+#include "OutputChecks.h"
+#include "Paths.h"
+#include "PictureSeries.h"
+#include "SingleOutput.h"
+
+std::unique_ptr<ConversionOutput> OpenOutput(const OutputRequest& request) {
+    if (!request.path.has_filename()) throw Failure("the output needs the name of a file");
+    RequireFolder(FolderOf(request.path));
+    if (request.isPictures) {
+        if (const auto pattern = ReadPattern(Utf8FromSystemPath(request.path.filename())))
+            return std::make_unique<PictureSeries>(request, *pattern);
+    }
+    return std::make_unique<SingleOutput>(request);
+}
