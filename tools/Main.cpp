@@ -48,6 +48,7 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     AddShowCommand(app, global);
     AddArgsCommand(app, global);
     AddExplainCommand(app, global);
+    AddAvailableCommand(app, global);
     AddConvertCommand(app, global);
     AddEstimateCommand(app, global);
     AddSetCommand(app, global);
