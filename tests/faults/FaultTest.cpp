@@ -204,10 +204,9 @@ protected:
         } catch (const memory::ProcessStopped&) {
             // That it ended is asked below, since a destructor cannot throw it.
         }
-        const bool isStopped = memory::IsStopped();
         const std::string hit = memory::HitOperation();
         memory::Restart();
-        if (!isStopped) return false;
+        if (hit.empty()) return false;
         SCOPED_TRACE("stopped at operation " + std::to_string(operation) + ", " + hit);
         ExpectWholeFiles();
         kmManager::GetInstance().Load(kFolder);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform/FileSystem.h"
@@ -13,39 +14,25 @@ using machine::Kind;
 using machine::kNoHandle;
 using machine::Path;
 
-#if defined(_WIN32)
-const bool machine::kNamesIgnoreCase = true;
-#else
-const bool machine::kNamesIgnoreCase = false;
-#endif
-const bool machine::kListsInOrder = false;
-
 namespace {
-
-constexpr Path::value_type kSeparator = '\\';
 
 struct Node {
     Kind kind = Kind::File;
     std::string bytes;
     bool isFlushed = true;
 };
-using Nodes = std::map<Path, std::shared_ptr<Node>>;
+using NodePointer = std::shared_ptr<Node>;
+using Nodes = std::map<Path, NodePointer>;
 
 struct OpenFile {
-    std::shared_ptr<Node> node;
+    NodePointer node;
     std::size_t position = 0;
-};
-
-struct Listing {
-    std::vector<std::pair<kmString, Kind>> entries;
-    std::size_t next = 0;
 };
 
 struct Disk {
     Nodes nodes;
     std::map<Handle, OpenFile> open;
-    std::map<Handle, kmString> folders;
-    std::map<Handle, Listing> listings;
+    std::map<Handle, std::vector<machine::Entry>> listings;  // what is still to come, last first
     Handle lastHandle = 0;
     std::size_t operations = 0;
     std::size_t planned = 0;
@@ -53,26 +40,13 @@ struct Disk {
     std::string hit;
     bool isStopped = false;
 };
-
-Disk& TheDisk() {
-    static Disk disk;
-    return disk;
-}
+Disk disk;
 
 #if defined(_WIN32)
 Path ToPath(kmStringView text) { return Path(text); }
 kmString ToText(const Path& path) { return path; }
 #else
-Path ToPath(kmStringView text) {
-    Path path;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find(KM_TEXT('\\'), start), text.size());
-        path += BytesFromText(text.substr(start, end - start));
-        if (end < text.size()) path += kSeparator;
-        start = end + 1;
-    }
-    return path;
-}
+Path ToPath(kmStringView text) { return BytesFromText(text); }
 kmString ToText(const Path& path) {
     kmString text = TextFromBytes(path);
     std::replace(text.begin(), text.end(), TextFromBytes("\\").front(), KM_TEXT('\\'));
@@ -80,29 +54,29 @@ kmString ToText(const Path& path) {
 }
 #endif
 
-Path FolderOf(const Path& path) { return path.substr(0, path.rfind(kSeparator) + 1); }
+// Up to its last separator.
+Path FolderOf(const Path& path) { return path.substr(0, path.rfind('\\') + 1); }
 
 Path WithoutEnd(Path path) {
-    while (!path.empty() && path.back() == kSeparator) path.pop_back();
+    while (!path.empty() && path.back() == '\\') path.pop_back();
     return path;
 }
 
-bool SameNoCase(const Path& a, const Path& b) { return EqualNoCase(ToText(a), ToText(b)); }
-
 Nodes::iterator Find(const Path& wanted) {
-    Nodes& nodes = TheDisk().nodes;
     const Path path = WithoutEnd(wanted);
-    const auto exact = nodes.find(path);
-    if (exact != nodes.end()) return exact;
-    return std::find_if(nodes.begin(), nodes.end(),
-                        [&](const auto& node) { return SameNoCase(node.first, path); });
+    const auto exact = disk.nodes.find(path);
+    if (exact != disk.nodes.end()) return exact;
+    return std::find_if(disk.nodes.begin(), disk.nodes.end(), [text = ToText(path)](const auto& node) {
+        return EqualNoCase(ToText(node.first), text);
+    });
 }
 
-// What the next operation has to do: Work, fail, or move one byte.
+bool Exists(const Path& path) { return Find(path) != disk.nodes.end(); }
+
+// What the next operation has to do: work, fail, or move one byte.
 enum class Order { Work, Fail, Short };
 
 Order Next(const char* name, bool mayThrow = true) {
-    Disk& disk = TheDisk();
     if (disk.isStopped) return Order::Fail;
     if (++disk.operations != disk.planned) return Order::Work;
     disk.hit = name;
@@ -115,61 +89,52 @@ Order Next(const char* name, bool mayThrow = true) {
 
 bool Works(const char* name) { return Next(name) == Order::Work; }
 
-Handle Open(std::shared_ptr<Node> node) {
-    const Handle handle = ++TheDisk().lastHandle;
-    TheDisk().open[handle] = {std::move(node)};
-    return handle;
+Handle Open(const NodePointer& node) {
+    disk.open[++disk.lastHandle] = {node};
+    return disk.lastHandle;
 }
 
-Handle OpenNode(Nodes::iterator found, std::uint64_t& size) {
-    if (found == TheDisk().nodes.end() || found->second->kind != Kind::File) return kNoHandle;
-    size = found->second->bytes.size();
-    return Open(found->second);
+void Rename(Nodes::iterator from, const Path& to) {
+    const NodePointer node = from->second;
+    disk.nodes.erase(from);
+    disk.nodes[to] = node;
+}
+
+// Those on the way too.
+void MakeFolderAt(kmStringView path) {
+    const Path whole = WithoutEnd(ToPath(path)) + Path(1, '\\');
+    for (std::size_t at = whole.find('\\'); at != Path::npos; at = whole.find('\\', at + 1))
+        disk.nodes.try_emplace(whole.substr(0, at), std::make_shared<Node>(Node{Kind::Folder, {}}));
 }
 
 }  // namespace
 
 namespace memory {
 
-void Format() { TheDisk() = Disk(); }
-
-void MakeFolderAt(kmStringView path) {
-    const Path whole = WithoutEnd(ToPath(path));
-    for (std::size_t at = whole.find(kSeparator); at != Path::npos; at = whole.find(kSeparator, at + 1))
-        TheDisk().nodes.try_emplace(whole.substr(0, at),
-                                    std::make_shared<Node>(Node{Kind::Folder, {}, true}));
-    TheDisk().nodes.try_emplace(whole, std::make_shared<Node>(Node{Kind::Folder, {}, true}));
-}
+void Format() { disk = Disk(); }
 
 void WriteFile(kmStringView path, std::string_view bytes) {
     MakeFolderAt(path.substr(0, path.rfind(KM_TEXT('\\'))));
-    TheDisk().nodes[ToPath(path)] = std::make_shared<Node>(Node{Kind::File, std::string(bytes), true});
+    disk.nodes[ToPath(path)] = std::make_shared<Node>(Node{Kind::File, std::string(bytes)});
 }
 
 std::map<std::string, std::string> Files() {
     std::map<std::string, std::string> files;
-    for (const auto& [path, node] : TheDisk().nodes) {
+    for (const auto& [path, node] : disk.nodes)
         if (node->kind == Kind::File) files[BytesFromText(ToText(path))] = node->bytes;
-    }
     return files;
 }
 
 void Plan(std::size_t operation, Fault fault) {
-    Disk& disk = TheDisk();
     disk.operations = 0;
     disk.planned = operation;
     disk.fault = fault;
     disk.hit.clear();
 }
 
-std::size_t OperationCount() { return TheDisk().operations; }
-
-std::string HitOperation() { return TheDisk().hit; }
-
-bool IsStopped() { return TheDisk().isStopped; }
+std::string HitOperation() { return disk.hit; }
 
 void Restart() {
-    Disk& disk = TheDisk();
     for (const auto& [path, node] : disk.nodes) {
         if (!node->isFlushed) node->bytes.resize(node->bytes.size() / 2);
         node->isFlushed = true;
@@ -183,12 +148,19 @@ void Restart() {
 
 namespace machine {
 
+#if defined(_WIN32)
+const bool kNamesIgnoreCase = true;
+#else
+const bool kNamesIgnoreCase = false;
+#endif
+const bool kListsInOrder = false;
+
 bool FindEntry(const kmChar* path, Path& entry) {
     const AllocationsAllowed allowed;
     entry.clear();
     if (!Works("FindEntry")) return false;
     const auto found = Find(ToPath(path));
-    if (found != TheDisk().nodes.end()) entry = found->first;
+    if (found != disk.nodes.end()) entry = found->first;
     return true;
 }
 
@@ -196,15 +168,15 @@ Path FindPlace(const kmChar* path) {
     const AllocationsAllowed allowed;
     if (!Works("FindPlace")) return {};
     const auto found = Find(ToPath(path));
-    return found != TheDisk().nodes.end() ? found->first : FindGivenPlace(path);
+    return found != disk.nodes.end() ? found->first : FindGivenPlace(path);
 }
 
 Path FindGivenPlace(const kmChar* path) {
     const AllocationsAllowed allowed;
     const Path wanted = ToPath(path);
     const auto folder = Find(FolderOf(wanted));
-    if (folder == TheDisk().nodes.end() || folder->second->kind != Kind::Folder) return {};
-    return folder->first + wanted.substr(wanted.rfind(kSeparator));
+    if (folder == disk.nodes.end() || folder->second->kind != Kind::Folder) return {};
+    return folder->first + wanted.substr(wanted.rfind('\\'));
 }
 
 Path Beside(const Path& file, std::string_view name) {
@@ -213,15 +185,18 @@ Path Beside(const Path& file, std::string_view name) {
 
 Kind KindOf(const Path& path) {
     const AllocationsAllowed allowed;
-    const auto found = Find(path);
-    return found == TheDisk().nodes.end() ? Kind::Nothing : found->second->kind;
+    return Exists(path) ? Find(path)->second->kind : Kind::Nothing;
 }
 
 bool IsLink(const Path& /*entry*/) { return false; }
 
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
     const AllocationsAllowed allowed;
-    return Works("OpenFile") ? OpenNode(Find(ToPath(path)), size) : kNoHandle;
+    if (!Works("OpenFile")) return kNoHandle;
+    const auto found = Find(ToPath(path));
+    if (found == disk.nodes.end() || found->second->kind != Kind::File) return kNoHandle;
+    size = found->second->bytes.size();
+    return Open(found->second);
 }
 
 bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {
@@ -229,66 +204,57 @@ bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {
     got = 0;
     const Order order = Next("Read");
     if (order == Order::Fail) return false;
-    ::OpenFile& open = TheDisk().open.at(file);
-    got = std::min(order == Order::Short ? 1 : count, open.node->bytes.size() - open.position);
-    open.node->bytes.copy(static_cast<char*>(bytes), got, open.position);
-    open.position += got;
+    auto& [node, position] = disk.open.at(file);
+    got = node->bytes.copy(static_cast<char*>(bytes), order == Order::Short ? 1 : count, position);
+    position += got;
     return true;
 }
 
-void CloseRead(Handle file) { TheDisk().open.erase(file); }
+void CloseRead(Handle file) { disk.open.erase(file); }
 
 Handle OpenFolder(const kmString& path) {
     const AllocationsAllowed allowed;
-    if (!Works("OpenFolder") || Find(ToPath(path)) == TheDisk().nodes.end()) return kNoHandle;
-    const Handle handle = ++TheDisk().lastHandle;
-    TheDisk().folders[handle] = path;
-    return handle;
+    return Works("OpenFolder") && Exists(ToPath(path)) ? ++disk.lastHandle : kNoHandle;
 }
 
 Handle OpenFileIn(Handle /*folder*/, const kmString& path, const kmString& name, std::uint64_t& size) {
     return OpenFile((path + name).c_str(), size);
 }
 
-void CloseFolder(Handle folder) { TheDisk().folders.erase(folder); }
+void CloseFolder(Handle /*folder*/) {}
 
 Handle BeginListing(Handle folder, const kmString& path, bool& exists) {
     const AllocationsAllowed allowed;
     exists = folder != kNoHandle;
     if (!exists || !Works("BeginListing")) return kNoHandle;
-    Listing listing;
-    const Path whole = WithoutEnd(ToPath(path));
-    for (const auto& [entry, node] : TheDisk().nodes) {
-        if (!SameNoCase(WithoutEnd(FolderOf(entry)), whole) || SameNoCase(entry, whole)) continue;
-        listing.entries.emplace_back(ToText(entry.substr(entry.rfind(kSeparator) + 1)), node->kind);
+    std::vector<Entry>& entries = disk.listings[++disk.lastHandle];
+    for (const auto& [entry, node] : disk.nodes) {
+        if (entry.empty() || !EqualNoCase(ToText(FolderOf(entry)), path)) continue;
+        entries.push_back({ToText(entry.substr(FolderOf(entry).size())), node->kind});
     }
-    const Handle handle = ++TheDisk().lastHandle;
-    TheDisk().listings[handle] = listing;
-    return handle;
+    return disk.lastHandle;
 }
 
 ListStep NextEntry(Handle handle, Entry& entry) {
     const AllocationsAllowed allowed;
     if (!Works("NextEntry")) return ListStep::Failed;
-    Listing& listing = TheDisk().listings.at(handle);
-    if (listing.next == listing.entries.size()) return ListStep::End;
-    entry.name = listing.entries[listing.next].first;
-    entry.kind = listing.entries[listing.next++].second;
+    std::vector<Entry>& entries = disk.listings.at(handle);
+    if (entries.empty()) return ListStep::End;
+    entry = entries.back();
+    entries.pop_back();
     return ListStep::Entry;
 }
 
-void EndListing(Handle listing) { TheDisk().listings.erase(listing); }
+void EndListing(Handle listing) { disk.listings.erase(listing); }
 
 Handle CreateNew(const Path& path, const Path& /*old*/, bool& exists) {
     const AllocationsAllowed allowed;
     exists = false;
     if (!Works("CreateNew")) return kNoHandle;
-    exists = Find(path) != TheDisk().nodes.end();
-    if (exists || Find(FolderOf(path)) == TheDisk().nodes.end()) return kNoHandle;
-    const auto node = std::make_shared<Node>();
-    node->isFlushed = false;
-    TheDisk().nodes[path] = node;
-    return Open(node);
+    exists = Exists(path);
+    if (exists || !Exists(FolderOf(path))) return kNoHandle;
+    disk.nodes[path] = std::make_shared<Node>(Node{Kind::File, {}, /*isFlushed=*/false});
+    return Open(disk.nodes[path]);
 }
 
 bool Write(Handle file, const void* bytes, std::size_t count, std::size_t& written) {
@@ -297,7 +263,7 @@ bool Write(Handle file, const void* bytes, std::size_t count, std::size_t& writt
     const Order order = Next("Write");
     if (order == Order::Fail) return false;
     written = order == Order::Short ? 1 : count;
-    Node& node = *TheDisk().open.at(file).node;
+    Node& node = *disk.open.at(file).node;
     node.bytes.append(static_cast<const char*>(bytes), written);
     node.isFlushed = false;
     return true;
@@ -305,13 +271,13 @@ bool Write(Handle file, const void* bytes, std::size_t count, std::size_t& writt
 
 bool Flush(Handle file) {
     if (!Works("Flush")) return false;
-    TheDisk().open.at(file).node->isFlushed = true;
+    disk.open.at(file).node->isFlushed = true;
     return true;
 }
 
 bool CloseWritten(Handle file) {
     const bool works = Next("CloseWritten", /*mayThrow=*/false) == Order::Work;
-    TheDisk().open.erase(file);
+    disk.open.erase(file);
     return works;
 }
 
@@ -319,39 +285,32 @@ bool MayReplace(const Path& path) { return Works("MayReplace") && KindOf(path) =
 
 bool AddName(const Path& file, const Path& name) {
     const AllocationsAllowed allowed;
-    const auto found = Find(file);
-    if (!Works("AddName") || found == TheDisk().nodes.end()) return false;
-    return TheDisk().nodes.emplace(name, found->second).second;
+    return Works("AddName") && Exists(file) && disk.nodes.emplace(name, Find(file)->second).second;
 }
 
 bool MoveOver(const Path& from, const Path& to) {
     const AllocationsAllowed allowed;
-    Nodes& nodes = TheDisk().nodes;
-    const auto found = Find(from);
-    if (!Works("MoveOver") || found == nodes.end()) return false;
-    const auto node = found->second;
-    nodes.erase(found);
-    if (kNamesIgnoreCase && Find(to) != nodes.end()) nodes.erase(Find(to));
-    nodes[to] = node;
+    if (!Works("MoveOver") || !Exists(from)) return false;
+    const auto source = Find(from);
+    const auto replaced = kNamesIgnoreCase ? Find(to) : disk.nodes.find(to);
+    if (replaced != disk.nodes.end() && replaced != source) disk.nodes.erase(replaced);
+    Rename(source, to);
     return true;
 }
 
 MoveResult MoveToNew(const Path& from, const Path& to) {
     const AllocationsAllowed allowed;
-    Nodes& nodes = TheDisk().nodes;
-    const auto found = Find(from);
-    if (!Works("MoveToNew") || found == nodes.end()) return MoveResult::Failed;
-    const auto other = kNamesIgnoreCase ? Find(to) : nodes.find(to);
-    if (other != nodes.end() && other != found) return MoveResult::Exists;
-    const auto node = found->second;
-    nodes.erase(found);
-    nodes[to] = node;
+    if (!Works("MoveToNew") || !Exists(from)) return MoveResult::Failed;
+    const auto source = Find(from);
+    const auto other = kNamesIgnoreCase ? Find(to) : disk.nodes.find(to);
+    if (other != disk.nodes.end() && other != source) return MoveResult::Exists;
+    Rename(source, to);
     return MoveResult::Done;
 }
 
 bool Remove(const Path& path) {
     const AllocationsAllowed allowed;
-    return Next("Remove", /*mayThrow=*/false) == Order::Work && TheDisk().nodes.erase(path) == 1;
+    return Next("Remove", /*mayThrow=*/false) == Order::Work && disk.nodes.erase(path) == 1;
 }
 
 bool MayRemove(const Path& /*path*/) { return Works("MayRemove"); }
@@ -359,14 +318,14 @@ bool MayRemove(const Path& /*path*/) { return Works("MayRemove"); }
 void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& name,
                      std::chrono::seconds /*age*/) {
     const AllocationsAllowed allowed;
-    if (Works("RemoveAbandoned")) TheDisk().nodes.erase(ToPath(path + name));
+    if (Works("RemoveAbandoned")) disk.nodes.erase(ToPath(path + name));
 }
 
 bool FlushFolderOf(const Path& /*file*/) { return Works("FlushFolderOf"); }
 
 void MakeFolder(const kmChar* path) {
     const AllocationsAllowed allowed;
-    if (Works("MakeFolder")) memory::MakeFolderAt(path);
+    if (Works("MakeFolder")) MakeFolderAt(path);
 }
 
 }  // namespace machine

@@ -23,21 +23,17 @@ struct ProcessStopped {};
 // An empty disk, and no fault.
 void Format();
 
-// These count as no operation. Folders on the way are made.
+// Counts as no operation. Folders on the way are made.
 void WriteFile(kmStringView path, std::string_view bytes);
-void MakeFolderAt(kmStringView path);
 
 // What is on the disk: the bytes of every file by its path.
 std::map<std::string, std::string> Files();
 
 // From now on the operations are counted, from 1, and the one of that number is hit; 0 hits none.
 void Plan(std::size_t operation, Fault fault);
-std::size_t OperationCount();
 
 // The name of the operation that was hit; empty before.
 std::string HitOperation();
-
-bool IsStopped();
 
 // After a stop: what had not been flushed is torn, files that were open are closed, operations work again.
 void Restart();
