@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -55,6 +56,14 @@ public:
         kmString relative(name);
         std::replace(relative.begin(), relative.end(), KM_TEXT('\\'), KM_TEXT('/'));
         return m_root / relative;
+    }
+
+    // "name:content" of what every name in the folder leads to, temporary files included.
+    std::set<std::string> State() const {
+        std::set<std::string> files;
+        for (const auto& entry : std::filesystem::directory_iterator(m_root))
+            files.insert(Utf8(entry.path().filename().string<kmChar>()) + ":" + ReadBytes(entry.path()));
+        return files;
     }
 
     void MakeFolder(kmStringView name) const { std::filesystem::create_directories(SystemPath(name)); }
