@@ -48,16 +48,6 @@ TEST(XmlWriting, EmptyTextsAndNamelessAttributesWriteNothing) {
     node.AppendAttribute(KM_TEXT(""), KM_TEXT("nameless"));
     EXPECT_EQ(Utf8(node.ToText(true).get()), "<a>\n</a>\n");
     EXPECT_EQ(Utf8(node.ToText(false).get()), "<a></a>");
-    EXPECT_EQ(XMLNode().ToText(true), nullptr);
-}
-
-TEST(XmlWriting, FilesThatCannotBeOpened) {
-    const TemporaryFolder folder;
-    const XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
-    const kmString missingFolder = folder.Path(KM_TEXT("none\\f"));
-    EXPECT_EQ(node.SaveToFile(missingFolder.c_str(), nullptr, true), 14);
-    EXPECT_EQ(node.SaveToFile(folder.Path().c_str(), nullptr, true), 14) << "a folder in the way";
-    EXPECT_EQ(XMLNode().SaveToFile(missingFolder.c_str(), nullptr, true), 0) << "nothing is to be written";
 }
 
 // Deep trees grow with the square of their depth when they are indented.
