@@ -1,26 +1,20 @@
-// How we read, write and compare, against the system's runtimes.
+// How we read and compare, against the system's runtimes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <functional>
 #include <iomanip>
-#include <limits>
 #include <random>
 #include <regex>
 #include <set>
 
-#include "document/ProfileID.h"
-#include "kmManager.h"
-#include "platform/Files.h"
-#include "tests/support/Messages.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/support/Text.h"
 #include "tests/windows/Runtimes.h"
-#include "text/Folders.h"
 #include "text/Numbers.h"
 
 namespace {
 
-enum Function { Integer0 = 1, Integer10 = 2, Decimal = 4, Digit = 8 };
+enum Function { Integer0 = 1, Integer10 = 2, Decimal = 4 };
 
 struct Difference {
     const char* name;
@@ -47,7 +41,6 @@ const std::wstring kForeignDigit =
 // by the newer runtime alone.
 // clang-format off
 const Difference kDifferences[] = {
-    {"digit_beyond_ascii", Digit, true, std::wregex(L"[\x0080-\xFFFF]")},
     {"white_space_beyond_ascii_skipped", Integer0 | Integer10 | Decimal, true, std::wregex(kSpace + kForeignSpace)},
     {"digit_beyond_ascii_read", Integer0 | Integer10, true, std::wregex(kSign + L"[0-9a-fA-FxX]*" + kForeignDigit)},
     {"prefix_alone_is_no_number", Integer0, true, std::wregex(kSign + L"0[xX](?![0-9a-fA-F])")},
@@ -91,15 +84,9 @@ std::vector<std::wstring> NumberTexts() {
     return texts;
 }
 
-std::vector<std::wstring> SingleUnits() {
-    std::vector<std::wstring> texts;
-    for (wchar_t unit = 1; unit != 0; ++unit) texts.emplace_back(1, unit);
-    return texts;
-}
-
 // What differs must be in the table, and each of its rows must be needed.
-void Compare(Function function, const std::vector<std::wstring>& texts,
-             const std::function<Answers(const Runtime&, const wchar_t*)>& ask) {
+void Compare(Function function, const std::function<Answers(const Runtime&, const wchar_t*)>& ask) {
+    const std::vector<std::wstring> texts = NumberTexts();
     for (const Runtime& runtime : kRuntimes) {
         std::set<std::string> seen, expected;
         for (const Difference& row : kDifferences)
@@ -125,7 +112,7 @@ void Compare(Function function, const std::vector<std::wstring>& texts,
 TEST(WindowsRuntime, IntegersRead) {
     for (const auto& [function, base] : {std::pair(Integer0, 0), std::pair(Integer10, 10)}) {
         SCOPED_TRACE(base);
-        Compare(function, NumberTexts(), [base = base](const Runtime& runtime, const wchar_t* text) {
+        Compare(function, [base = base](const Runtime& runtime, const wchar_t* text) {
             wchar_t* theirEnd = nullptr;
             const wchar_t* ourEnd = nullptr;
             const double theirs = runtime.toLong(text, &theirEnd, base);
@@ -136,29 +123,9 @@ TEST(WindowsRuntime, IntegersRead) {
 }
 
 TEST(WindowsRuntime, DecimalsRead) {
-    Compare(Decimal, NumberTexts(), [](const Runtime& runtime, const wchar_t* text) {
+    Compare(Decimal, [](const Runtime& runtime, const wchar_t* text) {
         return Answers{{ReadDecimal(text)}, {runtime.toDouble(text, nullptr)}};
     });
-}
-
-TEST(WindowsRuntime, DigitsRecognised) {
-    Compare(Digit, SingleUnits(), [](const Runtime& runtime, const wchar_t* text) {
-        return Answers{{IsDigit(*text) ? 1.0 : 0.0}, {runtime.isDigit(*text) != 0 ? 1.0 : 0.0}};
-    });
-}
-
-TEST(WindowsRuntime, IntegersWritten) {
-    using Limits = std::numeric_limits<std::int32_t>;
-    std::vector<std::int32_t> values = {Limits::min(), Limits::min() + 1, -10, -1, 0, 9, 10, Limits::max()};
-    std::mt19937 random(20240229);
-    for (int i = 0; i < 1000; ++i) values.push_back(static_cast<std::int32_t>(random()) >> random() % 31);
-    for (const Runtime& runtime : kRuntimes) {
-        for (const std::int32_t value : values) {
-            wchar_t theirs[16] = {};
-            runtime.Print(theirs, std::size(theirs), L"%d", value);
-            ASSERT_EQ(IntegerText(value), theirs) << runtime.name;
-        }
-    }
 }
 
 TEST(WindowsRuntime, TextsComparedWithoutCase) {
@@ -175,42 +142,6 @@ TEST(WindowsRuntime, TextsComparedWithoutCase) {
         }
         EXPECT_GT(equal, texts.size() / 10) << "too few pairs are equal to show anything";
         EXPECT_LT(equal, texts.size()) << "no pair differs";
-    }
-}
-
-struct TestManager : kmManager {};
-
-// A buffer of 260 units holds a path of 259; what it leaves of a longer one names another file, or none. Ours
-// is always whole.
-TEST(WindowsRuntime, PathOfADeletedProfile) {
-    const struct {
-        const char* fault;
-        std::size_t length;
-        bool isWholeThere;
-    } rows[] = {{"path_put_together_otherwise", 259, true},
-                {"room_for_the_terminator_missing", 260, false},
-                {"long_path_cut", 261, false}};
-    const CapturedMessages messages;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
-        const TemporaryFolder folder;
-        folder.MakeFolder(L"user");
-        const kmString user = GetUserFolder(folder.Path().c_str());
-        const kmString id(row.length - ProfilePath(user, {}).size(), L'i');
-        const kmString path = ProfilePath(user, id);
-        for (const Runtime& runtime : kRuntimes) {
-            wchar_t buffer[260];
-            runtime.Print(buffer, std::size(buffer), L"%s%s%s", user.c_str(), id.c_str(), L".pf");
-            const kmString theirs(buffer, wcsnlen(buffer, std::size(buffer)));
-            EXPECT_EQ(theirs.size() < std::size(buffer), row.isWholeThere) << runtime.name;
-            EXPECT_EQ(theirs, path.substr(0, theirs.size())) << runtime.name;
-        }
-        constexpr std::string_view kProfile = "<Profiles><Main/></Profiles>";
-        ASSERT_TRUE(StoreFile(path.c_str(), kProfile.data(), kProfile.size()) == StoreResult::Done);
-        TestManager manager;
-        manager.Load(folder.Path());
-        EXPECT_TRUE(manager.DeleteProfile(id));
-        EXPECT_FALSE(EntryExists(path.c_str()));
     }
 }
 

@@ -18,8 +18,6 @@
 #include <sddl.h>
 #include <windows.h>
 
-#include <set>
-
 #include "kmManager.h"
 #include "platform/Files.h"
 #include "platform/Process.h"
@@ -33,14 +31,6 @@ static void PrintTo(StoreResult result, std::ostream* out) {
 }
 
 namespace {
-
-// "a.pf:old" and so on, temporary files included.
-std::set<std::string> State(const TemporaryFolder& folder) {
-    std::set<std::string> files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder.SystemPath()))
-        files.insert(Utf8(entry.path().filename().wstring()) + ":" + ReadBytes(entry.path()));
-    return files;
-}
 
 StoreResult Store(const TemporaryFolder& folder, kmStringView name) {
     return StoreFile(folder.Path(name).c_str(), "new!", 4);
@@ -70,9 +60,9 @@ TEST(WindowsFiles, HeldFileStaysWhole) {
         EXPECT_FALSE(RemoveFile(path.c_str()));
         EXPECT_FALSE(Rename(folder, L"a.pf", L"b.pf"));
         CloseHandle(hold);
-        EXPECT_EQ(State(folder), std::set<std::string>{"a.pf:old"});
+        EXPECT_EQ(folder.State(), std::set<std::string>{"a.pf:old"});
         EXPECT_EQ(Store(folder, L"a.pf"), StoreResult::Done) << "the hold has ended";
-        EXPECT_EQ(State(folder), std::set<std::string>{"a.pf:new!"});
+        EXPECT_EQ(folder.State(), std::set<std::string>{"a.pf:new!"});
     }
 }
 
@@ -83,9 +73,9 @@ TEST(WindowsFiles, ReadOnlyFileIsOnlyRenamed) {
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
     EXPECT_EQ(Store(folder, L"A.pf"), StoreResult::CannotOpen);
     EXPECT_FALSE(RemoveFile(path.c_str()));
-    EXPECT_EQ(State(folder), std::set<std::string>{"a.pf:old"});
+    EXPECT_EQ(folder.State(), std::set<std::string>{"a.pf:old"});
     EXPECT_TRUE(Rename(folder, L"a.pf", L"b.pf"));
-    EXPECT_EQ(State(folder), std::set<std::string>{"b.pf:old"});
+    EXPECT_EQ(folder.State(), std::set<std::string>{"b.pf:old"});
     SetFileAttributesW(folder.Path(L"b.pf").c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
@@ -136,26 +126,6 @@ TEST(WindowsFiles, ReplacedFileKeepsItsAccessList) {
     EXPECT_EQ(Utf8(AccessListOf(path)), Utf8(narrow));
 }
 
-TEST(WindowsFiles, RenamingNeverReplaces) {
-    const std::set<std::string> kept = {"a.pf:old", "b.pf:other"};
-    // clang-format off
-    const struct { const char* fault; const kmChar *from, *to; bool isDone; std::set<std::string> after; } rows[] = {
-        {"another_replaced",               L"a.pf", L"b.pf",       false, kept},
-        {"another_replaced_in_other_case", L"a.pf", L"B.pf",       false, kept},
-        {"missing_folder_made",            L"a.pf", L"none\\c.pf", false, kept},
-        {"source_in_other_case_missed",    L"A.pf", L"c.pf",       true,  {"b.pf:other", "c.pf:old"}},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
-        const TemporaryFolder folder;
-        folder.WriteBytes(L"a.pf", "old");
-        folder.WriteBytes(L"b.pf", "other");
-        EXPECT_EQ(Rename(folder, row.from, row.to), row.isDone);
-        EXPECT_EQ(State(folder), row.after);
-    }
-}
-
 TEST(WindowsFiles, PathsMayBeLong) {
     const TemporaryFolder folder;
     kmString deep = folder.Path();
@@ -188,15 +158,14 @@ std::vector<kmString> ListedBySystem(const kmString& pattern) {
     return names;
 }
 
-struct TestManager : kmManager {};
-
 // Names whose order depends on what is folded to which case, and that are not made in any order.
 TEST(WindowsFiles, RecordsFollowTheSystemsListing) {
     const TemporaryFolder folder;
     for (const kmChar* id : {L"a_b", L"aB", L"a b", L"\u00E9", L"\u00CA", L"Z", L"[x]", L"9", L"10"})
         folder.WriteBytes(kmString(id) + L".pf", "<Profiles><Main/></Profiles>");
     const CapturedMessages messages;
-    TestManager manager;
+    struct : kmManager {
+    } manager;
     manager.Load(folder.Path());
     std::vector<kmString> names;
     for (const kmProfileInfo& info : manager.GetProfiles()) names.push_back(info.GetID() + L".pf");
@@ -232,7 +201,6 @@ TEST(WindowsOutput, SurvivesAnOutputOfWideText) {
 }
 
 TEST(WindowsEncoding, Utf16IsRecognisedAsTheSystemDoes) {
-    int files = 0;
     const std::filesystem::path samples = std::filesystem::path(KM_SOURCE_DIR) / "samples/Profiles";
     for (const auto& entry : std::filesystem::recursive_directory_iterator(samples)) {
         if (!entry.is_regular_file()) continue;
@@ -245,9 +213,7 @@ TEST(WindowsEncoding, Utf16IsRecognisedAsTheSystemDoes) {
             const auto* data = reinterpret_cast<const unsigned char*>(text.data());
             EXPECT_EQ(IsUtf16Text(data, text.size()), theirs) << entry.path() << ", " << form;
         }
-        ++files;
     }
-    EXPECT_GT(files, 60);
 }
 
 }  // namespace
