@@ -46,10 +46,8 @@ TEST(CatalogueChanges, ReportsAreFollowedAndPassedOn) {
         {"saved_profile_not_added",     PROFILE_SAVED,   "New", "", "|Main|Sys|A|B|New; |Main|A|B|New; |B|A"},
         {"saved_again_stands_twice",    PROFILE_SAVED,   "A",    "",  "|Main|Sys|B|A; |Main|A|B; |B|A"},
         {"saved_elsewhere_kept",        PROFILE_SAVED,   "Main", "x", "|Sys|A|B; |Main|A|B; |B|A"},
-        {"other_kinds_drop_the_record", PROFILE_DELETED, "A",    "",  "|Main|Sys|A|B|A; |Main|A|B; |B|A"},
         {"renamed_keeps_the_old_id",    PROFILE_RENAMED, "New",  "A", "|Main|Sys|B|New; |Main|B|New; |B|New"},
         {"lists_ignore_letter_case",    PROFILE_RENAMED, "New",  "a", "|Main|Sys|B|New; |Main|A|B|New; |B|A"},
-        {"second_recent_entry_dropped", PROFILE_RENAMED, "B",    "A", "|Main|Sys|B|B; |Main|B; |B|B"},
         {"recent_profile_read_again",   PROFILE_RECENT_ADDED, "New", "", kUnchanged}};
     // clang-format on
     for (const auto& row : rows) {
@@ -77,7 +75,6 @@ TEST(CatalogueChanges, RefusedDeletionChangesNothing) {
     // clang-format off
     const struct { const char *fault, *id, *file; } rows[] = {
         {"system_profile_deleted",            "Sys",  "Sys"},
-        {"file_without_a_record_deleted",     "New",  "user\\New"},
         {"file_of_the_other_folder_deleted",  "Main", "Main"}};
     // clang-format on
     for (const auto& row : rows) {
@@ -99,19 +96,11 @@ TEST(CatalogueChanges, AddingReadsTheProfilesFolderAlone) {
     EXPECT_EQ(catalogue.calls, Strings{});
 }
 
-TEST(CatalogueChanges, RecentListTakesEveryExactIDOnce) {
+TEST(CatalogueChanges, RecentListKeepsTheTenNewestOfEveryExactID) {
     LoadedCatalogue catalogue;
-    EXPECT_TRUE(catalogue.AddRecentProfile(KM_TEXT("A")));
-    EXPECT_EQ(catalogue.Recent(), "|B|A") << "an ID of the list moved or came again";
-    EXPECT_TRUE(catalogue.AddRecentProfile(KM_TEXT("a")));
-    EXPECT_EQ(catalogue.Recent(), "|a|B|A");
-    EXPECT_EQ(catalogue.calls, Strings{"recent a (null)"});
-}
-
-TEST(CatalogueChanges, RecentListKeepsTheTenNewest) {
-    LoadedCatalogue catalogue;
-    for (const kmString& id : Pieces("0|1|2|3|4|5|6|7|8")) catalogue.AddRecentProfile(id.c_str());
-    EXPECT_EQ(catalogue.Recent(), "|8|7|6|5|4|3|2|1|0|B");
+    for (const kmString& id : Pieces("A|a|1|2|3|4|5|6|7|8")) catalogue.AddRecentProfile(id.c_str());
+    EXPECT_EQ(catalogue.Recent(), "|8|7|6|5|4|3|2|1|a|B") << "A was there already";
+    EXPECT_FALSE(catalogue.AddRecentProfile(nullptr));
 }
 
 TEST(CatalogueChanges, DeletedIDEndsAtItsFirstNullUnit) {
@@ -147,14 +136,6 @@ TEST(CatalogueChanges, RecentOnesAreToldWithTheCallersPointers) {
     catalogue.ProfileChanged(PROFILE_RECENT_ADDED, owned, text);
     EXPECT_EQ(told[0], owned);
     EXPECT_EQ(told[1], text);
-}
-
-TEST(CatalogueChanges, NoIDIsRefused) {
-    LoadedCatalogue catalogue;
-    for (const kmChar* none : {KM_TEXT(""), static_cast<const kmChar*>(nullptr)}) {
-        EXPECT_FALSE(catalogue.AddUserProfile(none)) << Utf8(none);
-        EXPECT_FALSE(catalogue.AddRecentProfile(none)) << Utf8(none);
-    }
 }
 
 TEST(CatalogueChanges, CallbacksMayRegisterAndChange) {

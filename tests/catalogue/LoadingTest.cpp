@@ -33,14 +33,11 @@ TEST(CatalogueLoading, FilesBecomeRecordsAndGroups) {
     // clang-format off
     const struct { const char* fault; Files files; const char *records, *groups; } rows[] = {
         {"without_a_group_element_not_in_others", {{"a.pf", SystemProfile()}}, "|a", "others|a;"},
-        {"empty_group_element_read_as_others", {{"a.pf", SystemProfile("<Group/>")}}, "|a", ""},
         {"missing_name_kept_or_empty_one_lost", {{"a.pf", SystemProfile(unnamed)}}, "|a", "|a;"},
         {"second_group_element_read", {{"a.pf", SystemProfile(inG + InGroup("h"))}}, "|a", "g|a;"},
-        {"letter_case_of_names_or_mark_counts", {{"a.pf", yes}}, "|a", "others|a;"},
         {"true_is_a_mark_or_users_groups_made", {{"a.pf", marked}}, "|a", "User Defined|a;"},
         {"first_dot_or_lower_case_extension", {{"a.b.PF", user}}, "|a.b", "User Defined|a.b;"},
         {"file_that_is_no_profile_read", {{"a.pfx", user}, {".b.pf", user}, {"c.pf", "<Profiles/>"}}, "", ""},
-        {"folder_or_its_content_taken", {{"x\\a.pf", user}, {"b.pf\\c.pf", user}}, "", ""},
         {"broken_file_ends_the_load", {{"a.pf", "</x>"}, {"b.pf", user}}, "|b", "User Defined|b;"},
         {"user_folder_first_or_missed", {{"b.pf", user}, {"USER\\a.pf", user}}, "|b|a", "User Defined|b|a;"},
         {"id_of_both_folders_twice_in_a_group",
@@ -129,27 +126,17 @@ TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
     }
 }
 
-TEST(CatalogueLoading, FolderEndsAtItsFirstNullUnit) {
-    const CapturedMessages messages;
-    const ProfilesFolder folder;
-    folder.AddProfile("a", UserProfile());
-    Catalogue catalogue;
-    catalogue.Load(folder.Path() + kmString(KM_TEXT("\0x"), 2));
-    EXPECT_EQ(Records(catalogue.GetProfiles()), "|a");
-}
-
 TEST(CatalogueLoading, NextLoadBeginsAnew) {
     const CapturedMessages messages;
     const ProfilesFolder folder, empty;
     folder.AddProfile("a", SystemProfile());
     folder.AddProfile("user\\b", UserProfile());
     Catalogue catalogue;
-    EXPECT_EQ(catalogue.GetIconParser(), nullptr);
-    catalogue.Load(folder.Path());
+    catalogue.Load(folder.Path() + kmString(KM_TEXT("\0x"), 2));
+    EXPECT_EQ(Records(catalogue.GetProfiles()), "|a|b") << "a folder ends at its first null unit";
     catalogue.Load(empty.Path());
     EXPECT_EQ(Records(catalogue.GetProfiles()), "");
     EXPECT_EQ(catalogue.Groups(), "");
-    EXPECT_EQ(catalogue.GetSystemGroups().size(), 0u);
 }
 
 }  // namespace

@@ -48,18 +48,14 @@ TEST(Icons, SettingsStayUntilAFileSaysOtherwise) {
     const struct { const char *fault, *attributes, *expected; } rows[] = {
         {"initial_settings_wrong", "", kInitial},
         {"number_or_flag_misread", " width=' 0x20' height='010' singlefile='true' transclr=''", "32x8 ''"},
-        {"missing_attribute_resets", "", "32x8 ''"},
         {"limits_or_letter_case_wrong", " SingleFile='YES' width='abc' height='99999999999'",
          "0x2147483647 '' one image"}};
     // clang-format on
-    for (const bool group : {true, false}) {
-        TestIcons icons;
-        for (const auto& row : rows) {
-            const std::string open = std::string(row.attributes) + ">";
-            icons.Init(group ? open : ">", group ? ">" : open);
-            EXPECT_EQ(icons.Settings(group), row.expected) << row.fault << ", given" << row.attributes;
-            EXPECT_EQ(icons.Settings(!group), kInitial) << "of the other kind, " << row.fault;
-        }
+    TestIcons icons;
+    for (const auto& row : rows) {
+        icons.Init(">", std::string(row.attributes) + ">");
+        EXPECT_EQ(icons.Settings(false), row.expected) << row.fault << ", given" << row.attributes;
+        EXPECT_EQ(icons.Settings(true), kInitial) << "of the groups, " << row.fault;
     }
 }
 
@@ -67,7 +63,7 @@ TEST(Icons, LookUpsFindTheLastEntryOrTheDefault) {
     TestIcons icons;
     const std::string entries =
         "><i id='a' image='1' index='1'/><any id='a' image='2' index='0x10'/>"
-        "<i id='b' image='p' index='3'/><i id='e' image='' index='-2'/>";
+        "<i id='b' image='p' index='3'/>";
     icons.folder.WriteBytes(kUserFile, "<ITEMS><user_pf><x ID='b' image='u' index='7'/></user_pf></ITEMS>");
     icons.Init(entries, entries + "<i id='default' image='d' index='9'/>");
     // clang-format off
@@ -76,22 +72,10 @@ TEST(Icons, LookUpsFindTheLastEntryOrTheDefault) {
         {"user_entry_lost",                KM_TEXT("b"),       false, "7 in 'u'"},
         {"user_entry_taken_for_a_group",   KM_TEXT("b"),       true,  "3 in 'p'"},
         {"letter_case_ignored",            KM_TEXT("A"),       false, "9 in 'd'"},
-        {"default_for_an_empty_image",     KM_TEXT("e"),       false, "-2 in ''"},
-        {"null_id_without_default",        nullptr,            false, "9 in 'd'"},
         {"default_of_the_other_kind",      KM_TEXT("default"), true,  "-1 in ''"}};
     // clang-format on
     for (const auto& row : rows)
         EXPECT_EQ(icons.Icon(row.id, row.group), row.expected) << row.fault << ", given " << Utf8(row.id);
-}
-
-TEST(Icons, ThereAreNoneWithoutTheIndexFile) {
-    TestIcons icons;
-    icons.folder.WriteBytes(kUserFile, UserFile(Item("b", "7", "u")));
-    icons.Init(">", ">" + Item("a", "1", "i"));
-    std::filesystem::remove(icons.folder.SystemPath(kIndexFile));
-    icons.InitParser(icons.folder.Path().c_str());
-    EXPECT_EQ(icons.Icon(KM_TEXT("a")), "-1 in ''") << "left from the time before";
-    EXPECT_EQ(icons.Icon(KM_TEXT("b")), "-1 in ''") << "read from the user's file";
 }
 
 TEST(Icons, CopiesGoIntoTheUserFile) {
@@ -103,15 +87,11 @@ TEST(Icons, CopiesGoIntoTheUserFile) {
         const char* fault; std::string indexed, before; const char *target, *source;
         bool result; const char* icon; std::string after;
     } rows[] = {
-        {"file_not_made",            a, "",          "n", "a", true,  "-1 in '&'", UserFile(n)},
         {"older_entry_lost",         a, UserFile(u), "n", "a", true,  "-1 in '&'", UserFile(u + n)},
         {"default_not_copied",       withDefault, "", "n", "A", true, "9 in 'd'",  UserFile(fromDefault)},
         {"icon_made_up",             a, "",          "n", "x", false, "-1 in ''",  ""},
         {"entry_not_handed_on",      a, UserFile(u), "a", "u", true,  "5 in 'f'",  UserFile(fromU)},
-        {"missing_icon_not_copied",  a, UserFile(u), "a", "x", true,  "-1 in ''",  UserFile(u)},
-        {"copy_to_itself_lost",      a, UserFile(u), "u", "u", true,  "5 in 'f'",  UserFile(u)},
         {"list_made_in_other_file",  a, none,        "n", "a", false, "-1 in ''",  none},
-        {"no_list_stops_the_table",  withDefault, none, "a", "x", true, "9 in 'd'", none},
         {"unreadable_file_replaced", a, broken,      "n", "a", false, "-1 in ''",  broken},
         {"table_changed_all_the_same", withDefault, broken, "a", "x", false, "-1 in '&'", broken}};
     // clang-format on

@@ -15,8 +15,6 @@ TEST_F(Saving, RefusalsTouchNothing) {
         {"name_of_a_system_profile_taken",    "Mine", kOverwrite, "shown", PROFILE_ERROR_SYSTEM},
         {"id_of_a_system_profile_taken",      "Mine", kOverwrite, "SYS",   PROFILE_ERROR_SYSTEM},
         {"own_id_in_other_case_overwritten",  "Mine", kSave,      "MINE",  PROFILE_ERROR_EXIST},
-        {"copy_overwrites_unasked",           "Sys",  kSave,      "mine",  PROFILE_ERROR_EXIST},
-        {"system_profile_renamed",            "Sys",  kRename,    "New",   PROFILE_ERROR_SYSTEM},
         {"renamed_to_a_system_profile",       "Mine", kRename,    "Shown", PROFILE_ERROR_SYSTEM},
         {"renamed_to_itself",                 "Mine", kRename,    "mINE",  PROFILE_ERROR_EXIST},
         {"file_without_a_record_replaced",    "Mine", kRename,    "stray", PROFILE_ERROR_FILE}};
@@ -33,30 +31,6 @@ TEST_F(Saving, RefusalsTouchNothing) {
         EXPECT_EQ(Catalogue(), catalogue);
         EXPECT_EQ(Files(), files);
     }
-}
-
-TEST_F(Saving, IDsThatCannotNameAFileAreRefused) {
-    // clang-format off
-    const struct { const char* fault; std::vector<const char*> newIDs; } rows[] = {
-        {"file_without_a_name_made",     {""}},
-        {"file_of_another_folder_made",  {"..", "..\\x", "../x", "C:x"}},
-        {"forbidden_character_accepted", {"a*", "a?", "a\"b", "a<", "a>", "a|b", "a\tb"}},
-        {"device_written",               {"con", "NUL.x", "aux .y", "com1", "LPT9", "COM\u00B9", "conin$"}}};
-    // clang-format on
-    const auto files = Files();
-    for (const auto& row : rows) {
-        for (const char* newID : row.newIDs) {
-            SCOPED_TRACE(testing::Message() << row.fault << ", given '" << newID << "'");
-            EXPECT_EQ(Load("Sys").Save(Text(newID), true), PROFILE_ERROR_FILE);
-            EXPECT_EQ(Load("Mine").ReName(Text(newID)), PROFILE_ERROR_FILE);
-            EXPECT_EQ(Files(), files);
-        }
-    }
-}
-
-TEST_F(Saving, FolderInTheFilesPlaceIsAFileError) {
-    folder.MakeFolder(KM_TEXT("user\\Folder.pf"));
-    EXPECT_EQ(Load("Sys").Save(KM_TEXT("Folder"), true), PROFILE_ERROR_FILE);
 }
 
 TEST_F(Saving, ProfileThatWasNeverLoadedHasNoFile) {

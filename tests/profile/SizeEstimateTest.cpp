@@ -18,11 +18,8 @@ TEST(SizeEstimate, FromTheOwnSettings) {
         {"streams_not_added",             "b=1000;acodec=mp3;ab=128;",         60 * kSecond, true, 8'460'000},
         {"pcm_of_16_bits_missed",         "acodec=pcm_s16le;ar=44100;ac=2;",   10 * kSecond, true, 1'764'000},
         {"pcm_of_8_bits_in_capitals",     "acodec=PCM_U8;ar=44100;ac=2;",      10 * kSecond, true, 882'000},
-        {"pcm_of_telephones_missed",      "acodec=pcm_alaw;ar=8000;ac=1;",          kSecond, true, 8'000},
-        {"other_pcm_without_bit_rate",    "acodec=pcm_s16be;ar=8000;ac=1;ab=8;",    kSecond, true, 1'000},
         {"video_counts_that_is_not_off",  "b=1000;vn=False;ab=8;",                  kSecond, true, 1'000},
         {"audio_counts_that_is_not_off",  "b=1000;an=FALSE;ab=8;",                  kSecond, true, 125'000},
-        {"hexadecimal_or_audio_unasked",  "b=0x10;ab=8;",                           kSecond, false, 2'000},
         {"fraction_of_video_not_cut",     "b=1;ab=1;",                               12'000, true, 2},
         {"negative_result_rounded_down",  "b=1;",                                   -12'000, false, -1},
         {"large_rate_not_wrapped",        "acodec=pcm_s16le;ar=2147483647;ac=2;",   kSecond, true, -4},
@@ -41,15 +38,12 @@ TEST(SizeEstimate, Pictures) {
     const struct { const char *fault, *settings; int sourceWidth, sourceHeight; Bytes bytes; } rows[] = {
         {"jpeg_not_a_twentieth",           "pcodec=JPG;s=320x240;pi=5;pt=10;",  0, 0, 23'040},
         {"png_not_a_third",                "pcodec=PNG;s=320x240;pi=5;pt=10;",  0, 0, 153'600},
-        {"fractions_of_seconds_cut",       "pcodec=BMP;s=10x10;pi=0.5;pt=1.5;", 0, 0, 900},
         {"shortest_interval_refused",      "pcodec=BMP;s=10x10;pi=0.01;pt=1;",  0, 0, 30'000},
         {"shorter_interval_accepted",      "pcodec=BMP;s=10x10;pi=0.0099;pt=1;", 0, 0, 0},
         {"source_size_not_used",           "pcodec=BMP;s=Auto;pi=1;pt=1;",      10, 20, 600},
         {"unknown_source_width_used",      "pcodec=BMP;s=Auto;pi=1;pt=1;",      -1, 20, 0},
-        {"source_height_zero_used",        "pcodec=BMP;s=Auto;pi=1;pt=1;",      10, 0, 0},
         {"large_picture_not_wrapped",      "pcodec=BMP;s=40000x40000;pi=1;pt=1;", 0, 0, 505'032'704},
-        {"endless_time_not_limited",       "pcodec=BMP;s=1x1;pi=1;pt=1e999;",   0, 0, kForever},
-        {"endless_interval_too",           "pcodec=JPG;s=1x1;pi=1e999;pt=1e999;", 0, 0, 0}};
+        {"endless_time_not_limited",       "pcodec=BMP;s=1x1;pi=1;pt=1e999;",   0, 0, kForever}};
     // clang-format on
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.settings << " and a source of "
@@ -69,14 +63,10 @@ TEST(SizeEstimate, WithTheSourcesBitRates) {
         {"fixed_rate_depends_on_streams",   "dv",  kVideo,   0,       0,         0,          3'500'000},
         {"format_compared_in_any_case",     "DV",  kVideo,   0,       0,         kBoth,      126'000},
         {"lossless_counts_without_audio",   "ape", kVideo,   0,       0,         kVideoOnly, 0},
-        {"lossless_rate_wrong",             "ape", kVideo,   0,       0,         kAudioOnly, 75'000},
         {"source_before_the_own_rate",      "",    kVideo,   9'000,   9'000,     kVideoOnly, 125'000},
         {"kilobits_of_the_source_rounded",  "",    kNoRates, 0,       1'999'999, kVideoOnly, 249'875},
         {"audio_rate_of_the_source_lost",   "",    kNoRates, 192'000, 0,         kAudioOnly, 24'000},
-        {"no_audio_rate_at_all",            "",    kNoRates, 999,     0,         kAudioOnly, 8'000},
         {"video_of_an_audio_profile", "",   "acodec=mp3;ab=8;",       0, 9'000,  kBoth,      1'000},
-        {"video_counts_that_is_not_off", "", "b=1000;ab=8;vn=false;", 0, 0,      kBoth,      1'000},
-        {"audio_counts_that_is_not_off", "", "b=1000;ab=8;an=false;", 0, 0,      kBoth,      125'000},
         {"negative_rates_refused",          "",    kNoRates, kMin,    kMin,      kBoth,      -536'870'750}};
     // clang-format on
     for (const auto& row : rows) {
@@ -91,11 +81,7 @@ TEST(SizeEstimate, VideoAloneWithTheMiddleCandidate) {
     // clang-format off
     const struct { const char *fault, *settings, *candidates; Bytes bytes; } rows[] = {
         {"earlier_of_two_middle_ones",    "b=Auto;",        "500|800|1200|1500", 150'000},
-        {"middle_of_three_missed",        "b=;",            "500|800|1200",      100'000},
         {"candidate_before_the_own_rate", "b=8;",           "500",               1'000},
-        {"rate_made_up",                  "b=Auto;",        "",                  0},
-        {"candidates_of_another_item",    "vcodec=h264;",   "500",               0},
-        {"video_counts_that_is_not_off",  "b=8;vn=false;",  "500",               0},
         {"audio_profile_counts",          "acodec=mp3;",    "500",               0}};
     // clang-format on
     for (const auto& row : rows) {
