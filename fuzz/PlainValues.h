@@ -2,6 +2,8 @@
 // fast: what the library's own reading is compared with. Texts have no null units.
 #pragma once
 
+#include <algorithm>
+#include <cctype>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -15,26 +17,19 @@ namespace plain {
 // 0 after the end, so that nothing has to ask for it.
 inline kmChar At(const kmString& text, std::size_t at) { return at < text.size() ? text[at] : kmChar{0}; }
 
-inline bool IsSpace(kmChar c) { return c == 32 || (c >= 9 && c <= 13); }
 inline bool IsDigit(kmChar c) { return c >= '0' && c <= '9'; }
-inline bool IsSign(kmChar c) { return c == '-' || c == '+'; }
 inline kmChar Lower(kmChar c) { return c >= 'A' && c <= 'Z' ? static_cast<kmChar>(c + 32) : c; }
 
-inline int DigitIn(kmChar c, int base) {
-    int value = 99;
-    if (IsDigit(c)) value = c - '0';
-    if (Lower(c) >= 'a' && Lower(c) <= 'z') value = Lower(c) - 'a' + 10;
-    return value < base ? value : -1;
+// Only what is ASCII can be part of a number.
+inline std::string Narrow(const kmString& text) {
+    std::string narrow;
+    for (const kmChar c : text) narrow += c < 128 ? static_cast<char>(c) : '?';
+    return narrow;
 }
 
 inline bool Is(kmString text, const kmChar* word) {
     for (kmChar& c : text) c = Lower(c);
     return text == word;
-}
-
-inline std::size_t EndOfDigits(const kmString& text, std::size_t at) {
-    while (IsDigit(At(text, at))) ++at;
-    return at;
 }
 
 struct Integer {
@@ -43,42 +38,23 @@ struct Integer {
 };
 
 inline Integer ReadInteger(const kmString& text, int base) {
-    std::size_t at = 0;
-    while (IsSpace(At(text, at))) ++at;
-    const long double sign = At(text, at) == '-' ? -1 : 1;
-    if (IsSign(At(text, at))) ++at;
-    if (base == 0 && At(text, at) == '0' && Lower(At(text, at + 1)) == 'x' &&
-        DigitIn(At(text, at + 2), 16) >= 0) {
-        base = 16;
-        at += 2;
-    }
-    if (base == 0) base = At(text, at) == '0' ? 8 : 10;
-    if (DigitIn(At(text, at), base) < 0) return {};
-    long double value = 0;
-    for (; DigitIn(At(text, at), base) >= 0; ++at) value = value * base + sign * DigitIn(At(text, at), base);
-    if (value > INT32_MAX) value = INT32_MAX;
-    if (value < INT32_MIN) value = INT32_MIN;
-    return {static_cast<std::int32_t>(value), at};
+    const std::string narrow = Narrow(text);
+    char* end = nullptr;
+    const long long value = std::strtoll(narrow.c_str(), &end, base);
+    return {static_cast<std::int32_t>(std::clamp<long long>(value, INT32_MIN, INT32_MAX)),
+            static_cast<std::size_t>(end - narrow.c_str())};
 }
 
 inline std::int32_t Whole(const kmString& text) { return ReadInteger(text, 10).value; }
 
-// The end of the number is found here; what it is worth, the C library says.
+// Hexadecimal numbers, infinity and "nan" are none.
 inline double ReadDecimal(const kmString& text) {
-    std::size_t begin = 0;
-    while (IsSpace(At(text, begin))) ++begin;
-    const std::size_t whole = begin + (IsSign(At(text, begin)) ? 1 : 0);
-    const std::size_t point = EndOfDigits(text, whole);
-    std::size_t end = At(text, point) == '.' ? EndOfDigits(text, point + 1) : point;
-    if (point == whole && end <= point + 1) return 0;
-    if (Lower(At(text, end)) == 'e') {
-        const std::size_t exponent = end + (IsSign(At(text, end + 1)) ? 2 : 1);
-        if (IsDigit(At(text, exponent))) end = EndOfDigits(text, exponent);
-    }
-    return std::strtod(std::string(text.begin() + static_cast<std::ptrdiff_t>(begin),
-                                   text.begin() + static_cast<std::ptrdiff_t>(end))
-                           .c_str(),
-                       nullptr);
+    const std::string narrow = Narrow(text);
+    const std::size_t first = narrow.find_first_not_of(" \t\n\v\f\r+-");
+    if (first == narrow.npos) return 0;
+    const bool isHexadecimal = narrow[first] == '0' && Lower(At(text, first + 1)) == 'x';
+    const bool isWord = std::isalpha(static_cast<unsigned char>(narrow[first])) != 0;
+    return isHexadecimal || isWord ? 0 : std::strtod(narrow.c_str(), nullptr);
 }
 
 // One or two digits up to `limit`; -1 otherwise.
