@@ -1,12 +1,11 @@
 // The README's table of the rooms, lowest first, is the order that the sources have to keep.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -14,49 +13,33 @@ const std::filesystem::path kSource = KM_SOURCE_DIR;
 
 using Ranks = std::map<std::string, int>;  // of the rooms ("xml") and of the public headers ("kmTypes.h")
 
-// The texts between the backquotes of a cell.
-std::vector<std::string> QuotedIn(const std::string& cell) {
-    std::vector<std::string> texts;
-    for (std::size_t start = cell.find('`'); start != std::string::npos; start = cell.find('`', start + 1)) {
-        const std::size_t end = std::min(cell.find('`', start + 1), cell.size());
-        texts.push_back(cell.substr(start + 1, end - start - 1));
-        start = end;
-    }
-    return texts;
-}
-
 // A row of the table: | `room/` | `header`, `header` | what it holds |
 Ranks ReadTable() {
+    const std::regex row(R"(\| `(\w+)/` \| (.*?) ?\|.*)"), header("`([^`]+)`");
     Ranks ranks;
     int rank = 0;
     std::ifstream readme(kSource / "README.md");
+    std::smatch cells;
     for (std::string line; std::getline(readme, line);) {
-        const std::size_t secondCell = line.find(" |", 3);
-        if (!line.starts_with("| `") || secondCell == std::string::npos) continue;
-        const std::size_t thirdCell = std::min(line.find(" |", secondCell + 2), line.size());
-        const std::vector<std::string> room = QuotedIn(line.substr(0, secondCell));
-        if (room.size() != 1 || !room[0].ends_with('/')) continue;
-        ranks[room[0].substr(0, room[0].size() - 1)] = ++rank;
-        for (const std::string& header : QuotedIn(line.substr(secondCell, thirdCell - secondCell)))
-            ranks[header] = rank;
+        if (!std::regex_match(line, cells, row)) continue;
+        ranks[cells[1]] = ++rank;
+        const std::string headers = cells[2];
+        for (std::sregex_iterator at(headers.begin(), headers.end(), header), end; at != end; ++at)
+            ranks[at->str(1)] = rank;
     }
     return ranks;
 }
 
-// The room of an included header, or of a public one.
-std::string OwnerOf(const std::string& header) { return header.substr(0, header.find('/')); }
-
 void ExpectIncludesOfLowerRooms(const std::filesystem::path& path, int rank, const Ranks& ranks) {
+    const std::regex include("#include \"(([^/\"]+)[^\"]*)\".*");
     std::ifstream file(path);
+    std::smatch match;
     for (std::string line; std::getline(file, line);) {
-        if (line.rfind("#include \"", 0) != 0) continue;
-        const std::string header = line.substr(10, line.find('"', 10) - 10);
-        const auto owner = ranks.find(OwnerOf(header));
-        if (owner == ranks.end()) {
-            ADD_FAILURE() << path << " includes " << header << ", which the README's table gives no room";
-        } else {
-            EXPECT_LE(owner->second, rank) << path << " includes " << header << " of a higher room";
-        }
+        if (!std::regex_match(line, match, include)) continue;
+        const auto owner = ranks.find(match[2]);  // the room of an included header, or a public header
+        ASSERT_NE(owner, ranks.end())
+            << path << " includes " << match[1] << ", which has no room in README.md";
+        EXPECT_LE(owner->second, rank) << path << " includes " << match[1] << " of a higher room";
     }
 }
 

@@ -49,54 +49,6 @@ TEST(Files, ReadsOnWhereTheLastReadStopped) {
     EXPECT_EQ(bytes.substr(0, first + rest), content);
 }
 
-TEST(Files, StoringReplacesOrRefuses) {
-    // clang-format off
-    const struct {
-        const char* fault; const kmChar* name; Storing storing; StoreResult expected; std::set<std::string> after;
-    } rows[] = {
-        {"new_file_not_made",          KM_TEXT("new"),    Storing::Replace, StoreResult::Done,       {"f:old", "new:now"}},
-        {"spelling_of_old_file_lost",  KM_TEXT("F"),      Storing::Replace, StoreResult::Done,       {"f:now"}},
-        {"replaced_in_other_case",     KM_TEXT("F"),      Storing::New,     StoreResult::Exists,     {"f:old"}},
-        {"missing_folder_made",        KM_TEXT("no\\f"),  Storing::Replace, StoreResult::CannotOpen, {"f:old"}},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
-        const TemporaryFolder folder;
-        folder.WriteBytes(KM_TEXT("f"), "old");
-        EXPECT_EQ(StoreFile(folder.Path(row.name).c_str(), "now", 3, row.storing), row.expected);
-        EXPECT_EQ(folder.State(), row.after);
-    }
-    const TemporaryFolder folder;
-    folder.MakeFolder(KM_TEXT("f"));
-    EXPECT_EQ(StoreFile(folder.Path(KM_TEXT("f")).c_str(), "now", 3), StoreResult::CannotOpen)
-        << "a folder in the way";
-}
-
-TEST(Files, RenamingReplacesOnlyItself) {
-    // clang-format off
-    const struct {
-        const char* fault; const kmChar *from, *to; StoreResult expected; std::set<std::string> after;
-    } rows[] = {
-        {"not_renamed",               KM_TEXT("f"),    KM_TEXT("n"),     StoreResult::Done,       {"n:now", "o:other"}},
-        {"own_name_refused",          KM_TEXT("f"),    KM_TEXT("f"),     StoreResult::Done,       {"f:now", "o:other"}},
-        {"another_replaced",          KM_TEXT("f"),    KM_TEXT("o"),     StoreResult::Exists,     {"f:old", "o:other"}},
-        {"replaced_in_other_case",    KM_TEXT("f"),    KM_TEXT("O"),     StoreResult::Exists,     {"f:old", "o:other"}},
-        {"missing_source_made",       KM_TEXT("none"), KM_TEXT("n"),     StoreResult::CannotOpen, {"f:old", "o:other"}},
-        {"missing_folder_made",       KM_TEXT("f"),    KM_TEXT("no\\n"), StoreResult::CannotOpen, {"f:old", "o:other"}},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.fault);
-        const TemporaryFolder folder;
-        folder.WriteBytes(KM_TEXT("f"), "old");
-        folder.WriteBytes(KM_TEXT("o"), "other");
-        EXPECT_EQ(StoreRenamed(folder.Path(row.from).c_str(), folder.Path(row.to).c_str(), "now", 3),
-                  row.expected);
-        EXPECT_EQ(folder.State(), row.after);
-    }
-}
-
 TEST(Files, LeftoversOfKilledProcessesGoWhenTheyAreOld) {
     const TemporaryFolder folder;
     const auto now = std::filesystem::file_time_type::clock::now();

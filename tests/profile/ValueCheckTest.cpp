@@ -14,19 +14,15 @@ constexpr const char* kAspect = "Please input value such as 4:3, 16:9 or 1.3333,
 constexpr const char* kChannels = "Please input value '1'(Mono) or '2'(Stereo).";
 constexpr const char* kPicture = "Pleease input value large than 0.05.";
 
-// The values of a row, between bars, are all answered with the message.
+// The values of a row, between bars, are all answered with the message. Which values are accepted, the plain
+// second implementation says.
 // clang-format off
 constexpr struct { const char *fault, *id, *values, *message; } kChecks[] = {
-    {"clock_time_out_of_range_refused",     "ss",     "1:75:00|90",                kAccepted},
     {"option_in_capitals_not_known",        "SS",     "abc",                       kTime},
     {"duration_with_a_unit_accepted",       "t",      "10 min",                    kDuration},
-    {"separator_or_text_after_it_refused",  "s",      "320*240 (half)",            kAccepted},
     {"odd_side_accepted",                   "s",      "321x240|320x241",           kSize},
-    {"side_below_one_accepted",             "s",      "0x0|-2x-2|320",             kSize},
     {"unit_or_large_number_refused",        "b",      "128k|99999999999999999999", kAccepted},
-    {"read_as_other_number_or_trimmed",     "b",      "0x10|0.5| Auto",            kBitrate},
-    {"ratio_auto_or_limit_refused",         "r",      "08/09|1/0:1|aUTO|0.01",     kAccepted},
-    {"other_characters_accepted",           "r",      "25 fps",                    kRate},
+    {"read_as_other_number_or_trimmed",     "ab",     "0x10|0.5| Auto",            kBitrate},
     {"half_a_ratio_or_lower_rate_accepted", "r",      "25/|0.009|",                kRate},
     {"zero_in_an_aspect_accepted",          "aspect", "0.9:1|4:0",                 kAspect},
     {"other_channel_counts_accepted",       "ac",     "3|12",                      kChannels},

@@ -2,7 +2,6 @@
 // has to tell the same, byte for byte.
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <map>
 #include <sstream>
 #include <string>
@@ -27,13 +26,6 @@ std::map<std::string, std::string> ReadFiles(const std::filesystem::path& root) 
         files.emplace(std::string(name.begin(), name.end()), ReadBytes(entry.path()));
     }
     return files;
-}
-
-// Of a file that the library has written.
-std::string Utf8OfUtf16(const std::string& bytes) {
-    kmString text(bytes.size() / sizeof(kmChar), kmChar{0});
-    std::memcpy(text.data(), bytes.data(), text.size() * sizeof(kmChar));
-    return Utf8(text);
 }
 
 class Transcript {
@@ -213,7 +205,8 @@ private:
             if (before != m_filesBefore.end() && before->second == bytes) {
                 Tell("file ", name, " unchanged");
             } else {
-                Tell("file ", name, ' ', bytes.size(), " bytes:\n", Utf8OfUtf16(bytes));
+                Tell("file ", name, ' ', bytes.size(), " bytes:\n\xEF\xBB\xBF",
+                     ReadText(m_folder.SystemPath() / std::u8string(name.begin(), name.end())));
             }
         }
     }

@@ -30,19 +30,12 @@ struct Difference {
     }
 };
 
-const std::wstring kSpace = L"[ \t-\r]*", kSign = kSpace + L"[-+]?";
-const std::wstring kForeignSpace = L"[\x0085\x00A0\x1680\x2000-\x200A\x2028\x2029\x202F\x205F\x3000]";
-const std::wstring kForeignDigit =
-    L"[\x0660-\x0669\x06F0-\x06F9\x0966-\x096F\x09E6-\x09EF\x0A66-\x0A6F\x0AE6-\x0AEF\x0B66-\x0B6F"
-    L"\x0C66-\x0C6F\x0CE6-\x0CEF\x0D66-\x0D6F\x0E50-\x0E59\x0ED0-\x0ED9\x0F20-\x0F29\x1040-\x1049"
-    L"\x17E0-\x17E9\x1810-\x1819\xFF10-\xFF19]";
+const std::wstring kSign = L"[ \t-\r]*[-+]?";
 
-// Only ASCII white space and digits count, "0x" is a 0 in front of an "x", and "1d3" is 1; the rest is read
-// by the newer runtime alone.
+// "0x" is a 0 in front of an "x", and "1d3" is 1; the rest is read by the newer runtime alone. That nothing
+// beyond ASCII counts, which both read, is a rule of our own.
 // clang-format off
 const Difference kDifferences[] = {
-    {"white_space_beyond_ascii_skipped", Integer0 | Integer10 | Decimal, true, std::wregex(kSpace + kForeignSpace)},
-    {"digit_beyond_ascii_read", Integer0 | Integer10, true, std::wregex(kSign + L"[0-9a-fA-FxX]*" + kForeignDigit)},
     {"prefix_alone_is_no_number", Integer0, true, std::wregex(kSign + L"0[xX](?![0-9a-fA-F])")},
     {"d_read_as_exponent", Decimal, true, std::wregex(kSign + L"[0-9.]+[dD]")},
     {"hexadecimal_read_as_decimal", Decimal, false, std::wregex(kSign + L"0[xX]")},
@@ -67,11 +60,9 @@ struct Answers {
 // Texts that look like numbers, more or less; always the same ones.
 std::vector<std::wstring> NumberTexts() {
     static constexpr std::wstring_view kUsual = L"0123456789012345678900..--++eE xX";
-    static constexpr std::wstring_view kRare =
-        L"abcdfABDFghinINpty,;:_\t\n\v\f\r\x0085\x00A0\x00B2\x00E9\x00C9\x0130\x0131\x0660\x0663\x0966"
-        L"\x0BE6\x1946\x2003\x2028\x3000\xFF10\xFF13\xFF21\x212A\x017F\xD83D\xFEFF";
+    static constexpr std::wstring_view kRare = L"abcdfABDFghinINpty,;:_\t\n\v\f\r";
     static constexpr std::wstring_view kStarts[] = {L"0x",  L"-0X", L"2147483", L"-21474836", L"inf",
-                                                    L"nan", L"1e",  L"1d",      L"9999999",   L"\x3000"};
+                                                    L"nan", L"1e",  L"1d",      L"9999999"};
     std::mt19937 random(20240229);
     std::vector<std::wstring> texts(200000);
     for (std::wstring& text : texts) {
@@ -129,19 +120,15 @@ TEST(WindowsRuntime, DecimalsRead) {
 }
 
 TEST(WindowsRuntime, TextsComparedWithoutCase) {
-    const std::vector<std::wstring> texts = NumberTexts();
     for (const Runtime& runtime : kRuntimes) {
-        std::size_t equal = 0;
-        for (std::size_t i = 0; i < texts.size(); ++i) {
-            std::wstring other = i % 2 == 0 ? texts[i] : texts[i - 1].substr(0, 2);
-            for (wchar_t& c : other) c = static_cast<wchar_t>(c < 0x80 || i % 3 == 0 ? towupper(c) : c);
-            const bool theirs = runtime.compareNoCase(texts[i].c_str(), other.c_str()) == 0;
-            equal += theirs ? 1 : 0;
-            ASSERT_EQ(EqualNoCase(texts[i], other), theirs)
-                << runtime.name << " of \"" << Utf8(texts[i]) << "\" and \"" << Utf8(other) << '"';
+        for (unsigned unit = 1; unit < 0x10000; ++unit) {
+            for (const std::wstring other : {L"a", L"Z", L"@", L"\x00E9", L"\x0131"}) {
+                const std::wstring text(1, static_cast<wchar_t>(unit));
+                const bool theirs = runtime.compareNoCase(text.c_str(), other.c_str()) == 0;
+                ASSERT_EQ(EqualNoCase(text, other), theirs)
+                    << runtime.name << " of \"" << Utf8(text) << "\" and \"" << Utf8(other) << '"';
+            }
         }
-        EXPECT_GT(equal, texts.size() / 10) << "too few pairs are equal to show anything";
-        EXPECT_LT(equal, texts.size()) << "no pair differs";
     }
 }
 
