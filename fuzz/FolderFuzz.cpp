@@ -140,28 +140,22 @@ void Load(Input& input, kmProfile& profile) {
     profile.Load(OneIn(input, 2) ? kFolder : kUserFolder);
 }
 
-using Change = void (*)(kmManager& catalogue, const kmChar* id, const kmChar* other);
-constexpr Change kChanges[] = {
-    [](kmManager& catalogue, const kmChar*, const kmChar*) { catalogue.Load(kFolder); },
-    [](kmManager& catalogue, const kmChar* id, const kmChar*) { catalogue.AddRecentProfile(id); },
-    [](kmManager& catalogue, const kmChar* id, const kmChar*) { catalogue.AddUserProfile(id); },
-    [](kmManager& catalogue, const kmChar* id, const kmChar*) { catalogue.DeleteProfile(id); },
-    [](kmManager& catalogue, const kmChar* id, const kmChar*) {
-        catalogue.ProfileChanged(PROFILE_SAVED, id, nullptr);
-    },
-    [](kmManager& catalogue, const kmChar* id, const kmChar* other) {
-        catalogue.ProfileChanged(PROFILE_RENAMED, id, other);
-    },
-    [](kmManager&, const kmChar* id, const kmChar* other) {
-        kmIconParser::GetInstance().CopyIconFrom(id, other);
-    }};
-
 void ChangeCatalogue(Input& input, kmProfile& /*profile*/) {
     kmManager& catalogue = kmManager::GetInstance();
     const kmString id = TakeID(input);
     const kmString other = TakeID(input);
     const Files before = memory::Files();
-    input.PickValueInArray(kChanges)(catalogue, id.c_str(), other.c_str());
+    // clang-format off
+    switch (input.ConsumeIntegralInRange(0, 6)) {
+        case 0: catalogue.Load(kFolder); break;
+        case 1: catalogue.AddRecentProfile(id.c_str()); break;
+        case 2: catalogue.AddUserProfile(id.c_str()); break;
+        case 3: catalogue.DeleteProfile(id); break;
+        case 4: catalogue.ProfileChanged(PROFILE_SAVED, id.c_str(), nullptr); break;
+        case 5: catalogue.ProfileChanged(PROFILE_RENAMED, id.c_str(), other.c_str()); break;
+        default: kmIconParser::GetInstance().CopyIconFrom(id.c_str(), other.c_str());
+    }
+    // clang-format on
     CheckFiles(before, 1);
     Require(catalogue.ProfileExist(id.c_str()) == (catalogue.GetProfileInfo(id.c_str()) != nullptr),
             "a profile exists when it has a record");

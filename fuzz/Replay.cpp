@@ -1,13 +1,11 @@
 // A fuzz target without a fuzzer, for every run of the tests: the target gets each file of the folders that
 // are named, and then the same changes of them, made up from the fuzzers' dictionary, every time.
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
+#include <map>
 #include <random>
-#include <set>
-#include <string>
 #include <vector>
+
+#include "tests/support/TemporaryFolder.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
@@ -19,16 +17,15 @@ void Run(const std::string& input) {
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(input.data()), input.size());
 }
 
+// The small files of a folder, in the same order on every system.
 Texts ReadFiles(const std::filesystem::path& folder) {
-    std::set<std::filesystem::path> paths;  // in the same order on every system
+    std::map<std::filesystem::path, std::string> texts;
     for (const auto& entry : std::filesystem::directory_iterator(folder))
-        if (entry.is_regular_file() && entry.file_size() < 5000) paths.insert(entry.path());
-    Texts texts;
-    for (const auto& path : paths) {
-        std::ifstream file(path, std::ios::binary);
-        texts.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    }
-    return texts;
+        if (entry.is_regular_file() && entry.file_size() < 5000)
+            texts[entry.path()] = ReadBytes(entry.path());
+    Texts values;
+    for (const auto& [path, text] : texts) values.push_back(text);
+    return values;
 }
 
 // The lines of the dictionary, without their quotation marks; escapes stand for themselves.
@@ -39,21 +36,14 @@ Texts ReadWords(const char* path) {
     return words;
 }
 
+// Takes something away, or adds a byte, part of a number or a word.
 void Change(std::string& text, const Texts& words, std::mt19937& random) {
     const std::size_t at = random() % (text.size() + 1);
-    switch (random() % 4) {
-        case 0:
-            text.erase(at, random() % 8);
-            break;
-        case 1:
-            text.insert(at, 1, static_cast<char>(random() % 256));
-            break;
-        case 2:
-            text.insert(at, 1, ".:-+/* 0123456789x"[random() % 18]);
-            break;
-        default:
-            text.insert(at, words[random() % words.size()]);
-    }
+    const std::string added[] = {"", std::string(1, static_cast<char>(random() % 256)),
+                                 std::string(1, ".:-+/* 0123456789x"[random() % 18]),
+                                 words[random() % words.size()]};
+    const std::string& chosen = added[random() % std::size(added)];
+    text.replace(at, chosen.empty() ? random() % 8 : 0, chosen);
 }
 
 }  // namespace
@@ -65,7 +55,7 @@ int main(int count, char** arguments) {
     std::mt19937 random(1);
     Texts texts = {""};
     for (int i = 3; i < count; ++i)
-        for (std::string& text : ReadFiles(arguments[i])) texts.push_back(std::move(text));
+        for (const std::string& text : ReadFiles(arguments[i])) texts.push_back(text);
     for (const std::string& text : texts) {
         Run(text);
         for (int i = 0; i < changes; ++i) {

@@ -55,32 +55,6 @@ TEST(CatalogueLoading, FilesBecomeRecordsAndGroups) {
     }
 }
 
-TEST(CatalogueLoading, GroupsStandInTheirOrder) {
-    // The profiles 1, 2, 3, ... are in one group each.
-    // clang-format off
-    const struct { const char *fault, *inReadingOrder, *expected; } rows[] = {
-        {"others_not_last_or_unknown_groups_sorted", "A|others|iPod|X|Common Video",
-         "Common Video|5;iPod|3;A|1;X|4;others|2;"},
-        {"known_in_another_spelling", "^PSP|zune|Zune", "Zune|3;zune|2;^PSP|1;"}};
-    // clang-format on
-    const CapturedMessages messages;
-    for (const auto& row : rows) {
-        const ProfilesFolder folder;
-        int number = 0;
-        for (const kmString& group : Pieces(row.inReadingOrder))
-            folder.AddProfile(std::to_string(++number), SystemProfile(InGroup(Utf8(group))));
-        Catalogue catalogue;
-        catalogue.Load(folder.Path());
-        EXPECT_EQ(catalogue.Groups(), row.expected) << row.fault << ", given " << row.inReadingOrder;
-    }
-}
-
-// What a message handler does to the catalogue in the middle of a load.
-struct Meddling {
-    kmManager* manager;
-    void (*meddle)(kmManager& manager);
-};
-
 TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
     const struct {
         const char* fault;
@@ -106,13 +80,11 @@ TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
         folder.WriteBytes(KM_TEXT("pficon.con"), "<items/>");
         folder.WriteBytes(KM_TEXT("user\\userpf.con"), "<items/>");
         Catalogue catalogue;
-        Meddling meddling{&catalogue, row.meddle};
-        kmSetMessageHandler(
-            [](const kmMessage&, void* data) {
-                const Meddling& self = *static_cast<Meddling*>(data);
-                self.meddle(*self.manager);
-            },
-            &meddling);
+        static Catalogue* loading;
+        static void (*meddle)(kmManager & manager);
+        loading = &catalogue;
+        meddle = row.meddle;
+        kmSetMessageHandler([](const kmMessage&, void*) { meddle(*loading); }, nullptr);
         catalogue.Load(folder.Path());
         kmSetMessageHandler(nullptr, nullptr);
         std::vector<kmGroup> groups = catalogue.GetSystemGroups();

@@ -59,25 +59,6 @@ TEST(Icons, SettingsStayUntilAFileSaysOtherwise) {
     }
 }
 
-TEST(Icons, LookUpsFindTheLastEntryOrTheDefault) {
-    TestIcons icons;
-    const std::string entries =
-        "><i id='a' image='1' index='1'/><any id='a' image='2' index='0x10'/>"
-        "<i id='b' image='p' index='3'/>";
-    icons.folder.WriteBytes(kUserFile, "<ITEMS><user_pf><x ID='b' image='u' index='7'/></user_pf></ITEMS>");
-    icons.Init(entries, entries + "<i id='default' image='d' index='9'/>");
-    // clang-format off
-    const struct { const char* fault; const kmChar* id; bool group; const char* expected; } rows[] = {
-        {"first_of_two_entries_won",       KM_TEXT("a"),       false, "16 in '2'"},
-        {"user_entry_lost",                KM_TEXT("b"),       false, "7 in 'u'"},
-        {"user_entry_taken_for_a_group",   KM_TEXT("b"),       true,  "3 in 'p'"},
-        {"letter_case_ignored",            KM_TEXT("A"),       false, "9 in 'd'"},
-        {"default_of_the_other_kind",      KM_TEXT("default"), true,  "-1 in ''"}};
-    // clang-format on
-    for (const auto& row : rows)
-        EXPECT_EQ(icons.Icon(row.id, row.group), row.expected) << row.fault << ", given " << Utf8(row.id);
-}
-
 TEST(Icons, CopiesGoIntoTheUserFile) {
     const std::string a = Item("a", "-1", "&amp;"), withDefault = a + Item("default", "9", "d"),
                       u = Item("u", "5", "f"), n = Item("n", "-1", "&amp;"), fromU = Item("a", "5", "f"),

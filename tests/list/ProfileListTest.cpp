@@ -77,13 +77,6 @@ TEST_F(ProfileList, CommonPositionIsThatOfTheSharedText) {
     EXPECT_EQ(List::GetSimpleItemValue(both, kRate), 1) << "C and C";
 }
 
-TEST_F(ProfileList, ReadOnlyIsWhatOneAdvancedViewSays) {
-    second.GetProfileItem(kB)->SetAdvReadOnly(true);
-    second.GetProfileItem(kRate)->SetSimpleReadOnly(true);
-    EXPECT_TRUE(List::IsReadOnly(both, kB));
-    EXPECT_FALSE(List::IsReadOnly(both, kRate)) << "said by the simple view";
-}
-
 TEST_F(ProfileList, ValueIsCheckedWhereEveryProfileHasTheItem) {
     kmString message = KM_TEXT("kept");
     EXPECT_FALSE(List::IsValidValue(message, swapped, kAlone, KM_TEXT("1"))) << "the first lacks the item";

@@ -77,16 +77,6 @@ TEST(WritingPosix, LinksStayAndTheirTargetsAreReplaced) {
     EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("real"))), "new text");
 }
 
-TEST(WritingPosix, ReplacedFileKeepsItsPermissions) {
-    for (const int mode : {0600, 0644, 0755}) {
-        const TemporaryFolder folder;
-        folder.WriteBytes(KM_TEXT("f"), "old");
-        ASSERT_EQ(chmod(folder.SystemPath(KM_TEXT("f")).c_str(), static_cast<mode_t>(mode)), 0);
-        EXPECT_EQ(Store(folder, KM_TEXT("f")), StoreResult::Done);
-        EXPECT_EQ(ModeOf(folder, KM_TEXT("f")), mode);
-    }
-}
-
 // An access list as the system stores it: version 2, then tag, permissions and ID of each entry.
 std::string AccessList(unsigned char groupPermissions, unsigned char mask) {
     const auto entry = [](unsigned char tag, unsigned char permissions, std::string id) {

@@ -27,7 +27,6 @@ TEST(ProfileItem, PositionOfTheValue) {
         {"larger_candidate_or_exact_id",        "B",  "250",     kRates, "", 2},
         {"auto_not_trimmed_or_middle_rounded_up", "b", "  aUTO ", "320|256|192|128|96", "", 2},
         {"quality_looked_up_by_value",          "pq", "1",       "1|2|3", kQualities, 2},
-        {"quality_looked_up_in_longer_list",    "pq", "1",       "1|2",   kQualities, 0},
         {"candidates_compared_in_any_case",     "vcodec", "MPEG4", kCodecs, "", 3},
         {"position_in_an_empty_list",           "vcodec", "xvid",  "", "", -1}};
     // clang-format on

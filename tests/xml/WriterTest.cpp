@@ -11,15 +11,10 @@ struct WritingCase {
 };
 
 const WritingCase kCases[] = {
-    {"levels_confused", "<P><Main><Name l='X'/><S>MP4</S></Main><Q/></P>",
-     "<P><Main><Name l=\"X\"/><S>MP4</S></Main><Q/></P>",
-     "<P>\n\t<Main>\n\t\t<Name l=\"X\"/>\n\t\t<S>\n\t\t\tMP4\n\t\t</S>\n\t</Main>\n\t<Q/>\n</P>\n"},
     {"character_not_escaped_or_too_many",
      "<a b='&lt;&gt;&amp;&quot;&apos;\n'>&lt;&gt;&amp;&quot;&apos;\u00E9</a>",
      "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">&lt;&gt;&amp;&quot;&apos;\u00E9</a>",
      "<a b=\"&lt;&gt;&amp;&quot;&apos;\n\">\n\t&lt;&gt;&amp;&quot;&apos;\u00E9\n</a>\n"},
-    {"missing_and_empty_value_alike", "<a b c='' d='1'/>", "<a b c=\"\" d=\"1\"/>",
-     "<a b c=\"\" d=\"1\"/>\n"},
     {"order_of_the_content_lost", "<a>x<b/>y\n z<!-- & --></a>", "<a>x<b/>y\n z<!-- & --></a>",
      "<a>\n\tx\n\t<b/>\n\ty\n z\n\t<!-- & -->\n</a>\n"},
     {"declaration_indents_or_comes_twice", "<?xml v='1'?><a><b/></a>", "<?xml v=\"1\"?><a><b/></a>",
