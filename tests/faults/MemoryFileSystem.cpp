@@ -87,7 +87,14 @@ Order Next(const char* name, bool mayThrow = true) {
     return Order::Fail;
 }
 
-bool Works(const char* name) { return Next(name) == Order::Work; }
+// A counted operation; the disk has memory of its own.
+struct Step {
+    explicit Step(const char* name, bool mayThrow = true) : order(Next(name, mayThrow)) {}
+    bool Works() const { return order == Order::Work; }
+
+    const AllocationsAllowed allowed;
+    const Order order;
+};
 
 Handle Open(const NodePointer& node) {
     disk.open[++disk.lastHandle] = {node};
@@ -156,17 +163,17 @@ const bool kNamesIgnoreCase = false;
 const bool kListsInOrder = false;
 
 bool FindEntry(const kmChar* path, Path& entry) {
-    const AllocationsAllowed allowed;
+    const Step step("FindEntry");
     entry.clear();
-    if (!Works("FindEntry")) return false;
+    if (!step.Works()) return false;
     const auto found = Find(ToPath(path));
     if (found != disk.nodes.end()) entry = found->first;
     return true;
 }
 
 Path FindPlace(const kmChar* path) {
-    const AllocationsAllowed allowed;
-    if (!Works("FindPlace")) return {};
+    const Step step("FindPlace");
+    if (!step.Works()) return {};
     const auto found = Find(ToPath(path));
     return found != disk.nodes.end() ? found->first : FindGivenPlace(path);
 }
@@ -191,8 +198,8 @@ Kind KindOf(const Path& path) {
 bool IsLink(const Path& /*entry*/) { return false; }
 
 Handle OpenFile(const kmChar* path, std::uint64_t& size) {
-    const AllocationsAllowed allowed;
-    if (!Works("OpenFile")) return kNoHandle;
+    const Step step("OpenFile");
+    if (!step.Works()) return kNoHandle;
     const auto found = Find(ToPath(path));
     if (found == disk.nodes.end() || found->second->kind != Kind::File) return kNoHandle;
     size = found->second->bytes.size();
@@ -200,12 +207,11 @@ Handle OpenFile(const kmChar* path, std::uint64_t& size) {
 }
 
 bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {
-    const AllocationsAllowed allowed;
+    const Step step("Read");
     got = 0;
-    const Order order = Next("Read");
-    if (order == Order::Fail) return false;
+    if (step.order == Order::Fail) return false;
     auto& [node, position] = disk.open.at(file);
-    got = node->bytes.copy(static_cast<char*>(bytes), order == Order::Short ? 1 : count, position);
+    got = node->bytes.copy(static_cast<char*>(bytes), step.order == Order::Short ? 1 : count, position);
     position += got;
     return true;
 }
@@ -213,8 +219,8 @@ bool Read(Handle file, void* bytes, std::size_t count, std::size_t& got) {
 void CloseRead(Handle file) { disk.open.erase(file); }
 
 Handle OpenFolder(const kmString& path) {
-    const AllocationsAllowed allowed;
-    return Works("OpenFolder") && Exists(ToPath(path)) ? ++disk.lastHandle : kNoHandle;
+    const Step step("OpenFolder");
+    return step.Works() && Exists(ToPath(path)) ? ++disk.lastHandle : kNoHandle;
 }
 
 Handle OpenFileIn(Handle /*folder*/, const kmString& path, const kmString& name, std::uint64_t& size) {
@@ -224,9 +230,9 @@ Handle OpenFileIn(Handle /*folder*/, const kmString& path, const kmString& name,
 void CloseFolder(Handle /*folder*/) {}
 
 Handle BeginListing(Handle folder, const kmString& path, bool& exists) {
-    const AllocationsAllowed allowed;
+    const Step step("BeginListing");
     exists = folder != kNoHandle;
-    if (!exists || !Works("BeginListing")) return kNoHandle;
+    if (!exists || !step.Works()) return kNoHandle;
     std::vector<Entry>& entries = disk.listings[++disk.lastHandle];
     for (const auto& [entry, node] : disk.nodes) {
         if (entry.empty() || !EqualNoCase(ToText(FolderOf(entry)), path)) continue;
@@ -236,8 +242,8 @@ Handle BeginListing(Handle folder, const kmString& path, bool& exists) {
 }
 
 ListStep NextEntry(Handle handle, Entry& entry) {
-    const AllocationsAllowed allowed;
-    if (!Works("NextEntry")) return ListStep::Failed;
+    const Step step("NextEntry");
+    if (!step.Works()) return ListStep::Failed;
     std::vector<Entry>& entries = disk.listings.at(handle);
     if (entries.empty()) return ListStep::End;
     entry = entries.back();
@@ -248,9 +254,9 @@ ListStep NextEntry(Handle handle, Entry& entry) {
 void EndListing(Handle listing) { disk.listings.erase(listing); }
 
 Handle CreateNew(const Path& path, const Path& /*old*/, bool& exists) {
-    const AllocationsAllowed allowed;
+    const Step step("CreateNew");
     exists = false;
-    if (!Works("CreateNew")) return kNoHandle;
+    if (!step.Works()) return kNoHandle;
     exists = Exists(path);
     if (exists || !Exists(FolderOf(path))) return kNoHandle;
     disk.nodes[path] = std::make_shared<Node>(Node{Kind::File, {}, /*isFlushed=*/false});
@@ -258,11 +264,10 @@ Handle CreateNew(const Path& path, const Path& /*old*/, bool& exists) {
 }
 
 bool Write(Handle file, const void* bytes, std::size_t count, std::size_t& written) {
-    const AllocationsAllowed allowed;
+    const Step step("Write");
     written = 0;
-    const Order order = Next("Write");
-    if (order == Order::Fail) return false;
-    written = order == Order::Short ? 1 : count;
+    if (step.order == Order::Fail) return false;
+    written = step.order == Order::Short ? 1 : count;
     Node& node = *disk.open.at(file).node;
     node.bytes.append(static_cast<const char*>(bytes), written);
     node.isFlushed = false;
@@ -270,27 +275,27 @@ bool Write(Handle file, const void* bytes, std::size_t count, std::size_t& writt
 }
 
 bool Flush(Handle file) {
-    if (!Works("Flush")) return false;
+    if (!Step("Flush").Works()) return false;
     disk.open.at(file).node->isFlushed = true;
     return true;
 }
 
 bool CloseWritten(Handle file) {
-    const bool works = Next("CloseWritten", /*mayThrow=*/false) == Order::Work;
+    const bool works = Step("CloseWritten", /*mayThrow=*/false).Works();
     disk.open.erase(file);
     return works;
 }
 
-bool MayReplace(const Path& path) { return Works("MayReplace") && KindOf(path) == Kind::File; }
+bool MayReplace(const Path& path) { return Step("MayReplace").Works() && KindOf(path) == Kind::File; }
 
 bool AddName(const Path& file, const Path& name) {
-    const AllocationsAllowed allowed;
-    return Works("AddName") && Exists(file) && disk.nodes.emplace(name, Find(file)->second).second;
+    const Step step("AddName");
+    return step.Works() && Exists(file) && disk.nodes.emplace(name, Find(file)->second).second;
 }
 
 bool MoveOver(const Path& from, const Path& to) {
-    const AllocationsAllowed allowed;
-    if (!Works("MoveOver") || !Exists(from)) return false;
+    const Step step("MoveOver");
+    if (!step.Works() || !Exists(from)) return false;
     const auto source = Find(from);
     const auto replaced = kNamesIgnoreCase ? Find(to) : disk.nodes.find(to);
     if (replaced != disk.nodes.end() && replaced != source) disk.nodes.erase(replaced);
@@ -299,8 +304,8 @@ bool MoveOver(const Path& from, const Path& to) {
 }
 
 MoveResult MoveToNew(const Path& from, const Path& to) {
-    const AllocationsAllowed allowed;
-    if (!Works("MoveToNew") || !Exists(from)) return MoveResult::Failed;
+    const Step step("MoveToNew");
+    if (!step.Works() || !Exists(from)) return MoveResult::Failed;
     const auto source = Find(from);
     const auto other = kNamesIgnoreCase ? Find(to) : disk.nodes.find(to);
     if (other != disk.nodes.end() && other != source) return MoveResult::Exists;
@@ -309,23 +314,22 @@ MoveResult MoveToNew(const Path& from, const Path& to) {
 }
 
 bool Remove(const Path& path) {
-    const AllocationsAllowed allowed;
-    return Next("Remove", /*mayThrow=*/false) == Order::Work && disk.nodes.erase(path) == 1;
+    return Step("Remove", /*mayThrow=*/false).Works() && disk.nodes.erase(path) == 1;
 }
 
-bool MayRemove(const Path& /*path*/) { return Works("MayRemove"); }
+bool MayRemove(const Path& /*path*/) { return Step("MayRemove").Works(); }
 
 void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& name,
                      std::chrono::seconds /*age*/) {
-    const AllocationsAllowed allowed;
-    if (Works("RemoveAbandoned")) disk.nodes.erase(ToPath(path + name));
+    const Step step("RemoveAbandoned");
+    if (step.Works()) disk.nodes.erase(ToPath(path + name));
 }
 
-bool FlushFolderOf(const Path& /*file*/) { return Works("FlushFolderOf"); }
+bool FlushFolderOf(const Path& /*file*/) { return Step("FlushFolderOf").Works(); }
 
 void MakeFolder(const kmChar* path) {
-    const AllocationsAllowed allowed;
-    if (Works("MakeFolder")) MakeFolderAt(path);
+    const Step step("MakeFolder");
+    if (step.Works()) MakeFolderAt(path);
 }
 
 }  // namespace machine

@@ -46,7 +46,7 @@ struct ProfileList : testing::Test {
     }
 
     kmProfile first, second;
-    const Selection one{&first}, both{&first, &second}, swapped{&second, &first}, none;
+    const Selection one{&first}, both{&first, &second}, swapped{&second, &first};
 };
 
 TEST_F(ProfileList, CommonItemsKeepTheTextsThatAllOffer) {
@@ -100,14 +100,6 @@ TEST_F(ProfileList, DisplayTextIsThatOfAll) {
     for (const auto& row : rows)
         EXPECT_EQ(Utf8(List::GetDisplayValue(row.selection, row.id, row.value)), row.expected)
             << row.fault << ", given " << Utf8(row.id) << "=" << Utf8(row.value);
-}
-
-TEST_F(ProfileList, EmptySelectionHasNothingToSay) {
-    kmString message;
-    EXPECT_TRUE(List::IsValidValue(message, none, kB, KM_TEXT("?")));
-    EXPECT_TRUE(List::GetSimpleItems(none).empty());
-    EXPECT_EQ(Utf8(List::GetDisplayValue(none, kZoom, KM_TEXT("1"))), "");
-    EXPECT_EQ(List::GetSimpleItemValue(none, kB), -1);
 }
 
 }  // namespace

@@ -218,14 +218,10 @@ private:
     std::string m_told;
 };
 
-// The line of that number with three before and three after it.
-std::string Excerpt(const std::string& text, std::ptrdiff_t line) {
-    std::istringstream stream(text);
-    std::string excerpt;
-    std::string content;
-    for (std::ptrdiff_t number = 1; std::getline(stream, content) && number <= line + 3; ++number)
-        if (number >= line - 3) excerpt += content + '\n';
-    return excerpt;
+// From the start of the line at which, or in which, the texts differ: a few lines.
+std::string Excerpt(const std::string& text, std::size_t difference) {
+    const std::size_t line = text.rfind('\n', difference == 0 ? 0 : difference - 1) + 1;
+    return text.substr(line, 400);
 }
 
 // What was told is left in the working folder: after a change that is meant to be seen, it is the new
@@ -235,11 +231,10 @@ TEST(Transcript, IsTheSameOnEverySystem) {
     std::ofstream("transcript.txt", std::ios::binary) << told;
     const std::string expected = ReadBytes(kSource / "tests/transcript/expected.txt");
     const auto [at, _] = std::mismatch(told.begin(), told.end(), expected.begin(), expected.end());
-    const std::ptrdiff_t line = std::count(told.begin(), at, '\n') + 1;
-    const std::string before(told.begin(), at);
-    const std::size_t subject = std::max(before.rfind("\nload ") + 1, before.rfind("\nfile ") + 1);
-    EXPECT_EQ(Excerpt(expected, line), Excerpt(told, line))
-        << "The first difference is in line " << line << " of transcript.txt, after \""
+    const auto difference = static_cast<std::size_t>(at - told.begin());
+    const std::size_t subject = told.rfind("\nload ", difference) + 1;
+    EXPECT_EQ(Excerpt(expected, difference), Excerpt(told, difference))
+        << "in line " << std::count(told.begin(), at, '\n') + 1 << " of transcript.txt, after \""
         << told.substr(subject, told.find('\n', subject) - subject) << '"';
     EXPECT_EQ(expected.size(), told.size());
 }

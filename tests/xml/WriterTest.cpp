@@ -37,14 +37,6 @@ TEST(XmlWriting, EveryKindOfNode) {
     }
 }
 
-TEST(XmlWriting, EmptyTextsAndNamelessAttributesWriteNothing) {
-    XMLNode node = XMLNode::CreateRoot(KM_TEXT("a"), false);
-    node.SetText(KM_TEXT(""), 0);
-    node.AppendAttribute(KM_TEXT(""), KM_TEXT("nameless"));
-    EXPECT_EQ(Utf8(node.ToText(true).get()), "<a>\n</a>\n");
-    EXPECT_EQ(Utf8(node.ToText(false).get()), "<a></a>");
-}
-
 // Deep trees grow with the square of their depth when they are indented.
 TEST(XmlWriting, TextsAboveTheLimitAreNotWritten) {
     const TemporaryFolder folder;
