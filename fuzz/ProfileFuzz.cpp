@@ -44,23 +44,19 @@ void AskItems(const kmProfile& profile) {
 }
 
 void AskDerivedValues(const kmProfile& profile) {
-    constexpr std::int64_t kTimes[] = {-1, 600'000'000, INT64_MAX, INT64_MIN};
-    constexpr int kNumbers[] = {-1, 1920, INT32_MAX, INT32_MIN};
-    int width = 0;
-    int height = 0;
+    int width = 0, height = 0;
     const bool hasSize = profile.GetSize(width, height);
     Require((width > 0) == (height > 0) && (hasSize || width == 0), "a frame has both sides or none");
     Require(profile.GetSimpleItems().size() <= profile.GetProfileItems().size(),
             "a view shows what there is");
     static_cast<void>(profile.GetType() + profile.GetZoom() + profile.GetAspectratio());
     static_cast<void>(profile.GetStartTime() + profile.GetDuration());
-    for (const std::int64_t time : kTimes) {
+    for (const std::int64_t time : {std::int64_t{-1}, std::int64_t{600'000'000}, INT64_MAX, INT64_MIN}) {
         static_cast<void>(profile.CalcP2VOutputFileSize(time));
-        for (const int number : kNumbers) {
+        for (const int number : {-1, 1920, INT32_MAX, INT32_MIN}) {
             static_cast<void>(profile.CalcOutputFileSize(time, number > 0, number, 2));
             static_cast<void>(profile.CalcAVOutputFileSize(time, number, number, number & 3));
             static_cast<void>(profile.CalcImageOutputFileSize(time, number, number));
-            profile.GetOutSizeForSpecialVcodec(number, 2, width, height, KM_TEXT("h263"));
         }
     }
 }

@@ -45,7 +45,6 @@ TEST(CatalogueChanges, ReportsAreFollowedAndPassedOn) {
     const struct { const char* fault; PROFILE_CHANGED_TYPE type; const char *id, *other, *state; } rows[] = {
         {"saved_profile_not_added",     PROFILE_SAVED,   "New", "", "|Main|Sys|A|B|New; |Main|A|B|New; |B|A"},
         {"saved_again_stands_twice",    PROFILE_SAVED,   "A",    "",  "|Main|Sys|B|A; |Main|A|B; |B|A"},
-        {"saved_elsewhere_kept",        PROFILE_SAVED,   "Main", "x", "|Sys|A|B; |Main|A|B; |B|A"},
         {"renamed_keeps_the_old_id",    PROFILE_RENAMED, "New",  "A", "|Main|Sys|B|New; |Main|B|New; |B|New"},
         {"lists_ignore_letter_case",    PROFILE_RENAMED, "New",  "a", "|Main|Sys|B|New; |Main|A|B|New; |B|A"},
         {"recent_profile_read_again",   PROFILE_RECENT_ADDED, "New", "", kUnchanged}};
@@ -114,22 +113,6 @@ TEST(CatalogueChanges, DeletionStaysInTheUsersFolder) {
         EXPECT_FALSE(catalogue.DeleteProfile(Text(id))) << id;
         EXPECT_TRUE(catalogue.IsOnDisk("user\\A")) << id;
     }
-}
-
-TEST(CatalogueChanges, RecentOnesAreToldWithTheCallersPointers) {
-    LoadedCatalogue catalogue;
-    const kmChar* told[2] = {};
-    catalogue.RegisterChangedCallback(
-        [](PROFILE_CHANGED_TYPE, const kmChar* first, const kmChar* second, void* data) {
-            static_cast<const kmChar**>(data)[0] = first;
-            static_cast<const kmChar**>(data)[1] = second;
-        },
-        told);
-    const kmChar* owned = catalogue.GetUserGroup().GetProfileIDs()[0].c_str();
-    const kmChar* text = KM_TEXT("text");
-    catalogue.ProfileChanged(PROFILE_RECENT_ADDED, owned, text);
-    EXPECT_EQ(told[0], owned);
-    EXPECT_EQ(told[1], text);
 }
 
 TEST(CatalogueChanges, CallbacksMayRegisterAndChange) {

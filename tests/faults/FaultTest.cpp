@@ -59,25 +59,21 @@ struct Operation {
 
 void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
 
-bool Succeeds(PROFILE_EERROR error) { return error == PROFILE_ERROR_NONE; }
+auto Save(const kmChar* id, bool overwrite) {
+    return [=](kmProfile& profile) { return profile.Save(id, overwrite) == PROFILE_ERROR_NONE; };
+}
 
 const Operation kOperations[] = {
-    {"save_as_new_profile", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("New"), false)); }},
-    {"save_over_another", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("Other"), true)); }},
-    {"save_over_another_in_other_case", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("OTHER"), true)); }},
-    {"save_under_own_id", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("Mine"), false)); }},
-    {"save_copy_of_system_profile", true, KM_TEXT("Sys"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("Copy"), false)); }},
-    {"save_first_user_profile", false, KM_TEXT("Sys"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.Save(KM_TEXT("Copy"), false)); }},
+    {"save_as_new_profile", true, KM_TEXT("Mine"), ".pf", Save(KM_TEXT("New"), false)},
+    {"save_over_another", true, KM_TEXT("Mine"), ".pf", Save(KM_TEXT("Other"), true)},
+    {"save_over_another_in_other_case", true, KM_TEXT("Mine"), ".pf", Save(KM_TEXT("OTHER"), true)},
+    {"save_under_own_id", true, KM_TEXT("Mine"), ".pf", Save(KM_TEXT("Mine"), false)},
+    {"save_copy_of_system_profile", true, KM_TEXT("Sys"), ".pf", Save(KM_TEXT("Copy"), false)},
+    {"save_first_user_profile", false, KM_TEXT("Sys"), ".pf", Save(KM_TEXT("Copy"), false)},
     {"save_without_replacing", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(kmSaveAsNew(profile, KM_TEXT("New"))); }},
+     [](kmProfile& profile) { return kmSaveAsNew(profile, KM_TEXT("New")) == PROFILE_ERROR_NONE; }},
     {"rename", true, KM_TEXT("Mine"), ".pf",
-     [](kmProfile& profile) { return Succeeds(profile.ReName(KM_TEXT("Renamed"))); }},
+     [](kmProfile& profile) { return profile.ReName(KM_TEXT("Renamed")) == PROFILE_ERROR_NONE; }},
     {"copy_icon", true, KM_TEXT("Mine"), ".con",
      [](kmProfile&) { return kmIconParser::GetInstance().CopyIconFrom(KM_TEXT("Other"), KM_TEXT("Sys")); }},
     {"delete", true, KM_TEXT("Mine"), ".pf",

@@ -70,9 +70,7 @@ TEST(Icons, CopiesGoIntoTheUserFile) {
     } rows[] = {
         {"older_entry_lost",         a, UserFile(u), "n", "a", true,  "-1 in '&'", UserFile(u + n)},
         {"default_not_copied",       withDefault, "", "n", "A", true, "9 in 'd'",  UserFile(fromDefault)},
-        {"icon_made_up",             a, "",          "n", "x", false, "-1 in ''",  ""},
         {"entry_not_handed_on",      a, UserFile(u), "a", "u", true,  "5 in 'f'",  UserFile(fromU)},
-        {"list_made_in_other_file",  a, none,        "n", "a", false, "-1 in ''",  none},
         {"unreadable_file_replaced", a, broken,      "n", "a", false, "-1 in ''",  broken},
         {"table_changed_all_the_same", withDefault, broken, "a", "x", false, "-1 in '&'", broken}};
     // clang-format on

@@ -94,8 +94,7 @@ TEST_F(ProfileList, DisplayTextIsThatOfAll) {
         {"zoom_counts_from_zero_or_asks_all", both,    kZoom, KM_TEXT("0x3"),  "r"},
         {"zoom_zero_has_a_text",              both,    kZoom, KM_TEXT("0"),    ""},
         {"texts_that_differ_shown",           both,    kB,    KM_TEXT("1"),    ""},
-        {"value_found_in_any_case",           one,     kRate, KM_TEXT("auto"), ""},
-        {"null_value_read",                   one,     kRate, nullptr,         ""}};
+        {"value_found_in_any_case",           one,     kRate, KM_TEXT("auto"), ""}};
     // clang-format on
     for (const auto& row : rows)
         EXPECT_EQ(Utf8(List::GetDisplayValue(row.selection, row.id, row.value)), row.expected)

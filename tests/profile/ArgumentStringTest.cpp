@@ -3,14 +3,9 @@
 
 #include <algorithm>
 
-#include "kmArgOption.h"
 #include "tests/support/Profiles.h"
 
 namespace {
-
-std::string OptionsOf(const std::string& settings, bool withAudio) {
-    return Utf8(ProfileWith(settings).GetAvcString(withAudio));
-}
 
 // Expected options stand with ' for the quotation marks.
 std::string Quoted(std::string options) {
@@ -26,6 +21,7 @@ TEST(ArgumentString, Options) {
         {"unknown_option_or_its_spelling_kept", "nonsense=1;G= 12  ;",      "-g '12'  "},
         {"default_or_empty_value_written",   "b=aUTO;aspect= Auto ;track=0;g=   ;hq= ;", " "},
         {"switch_not_set_or_by_other_words", "sameq=TRUE;hq=Yes;an=1;lf=false;part=on;", "-sameq -hq  "},
+        {"held_back_option_written",         "ss=1;t=1;pt=1;s=1x1;r=1;pi=1;zoom=1;", " "},
         {"switch_without_its_number",        "bitexact=yes;",               "-bitexact 1  "},
         {"kilobits_without_a_unit_or_twice", "b=1;ab=2k;bt=3K ;maxrate=4;minrate=5;bufsize=6;",
          "-b '1K' -ab '2k' -bt '3K' -maxrate '4K' -minrate '5K' -bufsize '6K'  "},
@@ -42,7 +38,8 @@ TEST(ArgumentString, Options) {
         {"video_kept_or_sample_rate_added",  "acodec=wma9x;ab=320;", "-acodec 'wma9x' -ab '320K'   -vn "}};
     // clang-format on
     for (const auto& row : rows)
-        EXPECT_EQ(OptionsOf(row.settings, true), Quoted(row.expected)) << row.fault << ": " << row.settings;
+        EXPECT_EQ(Utf8(ProfileWith(row.settings).GetAvcString(true)), Quoted(row.expected))
+            << row.fault << ": " << row.settings;
 }
 
 TEST(ArgumentString, CorrectionsReachTheProfile) {
@@ -67,22 +64,6 @@ TEST(ArgumentString, CorrectionsReachTheProfile) {
                   expected);
         EXPECT_EQ(profile.GetChangedFlag(), corrects);
         EXPECT_EQ(Utf8(profile.GetAvcString(true)), Utf8(first)) << "first built from other values";
-    }
-}
-
-// Every option of the table on its own, against what its flags say.
-TEST(ArgumentString, FlagsDecideForEveryOption) {
-    const std::vector<std::string> neverByName = {"ss", "t", "pt", "s", "r", "pi", "zoom", "pcodec"};
-    for (int i = 0; kmArgOption::GetArgOption(i) != nullptr; ++i) {
-        const _ArgOption& option = *kmArgOption::GetArgOption(i);
-        const std::string name = Utf8(option.name);
-        const bool isPassed = (option.flags & ARG_NOT_PASSED) == 0 &&
-                              std::count(neverByName.begin(), neverByName.end(), name) == 0;
-        for (const bool withAudio : {true, false}) {
-            const bool isWritten = OptionsOf(name + "=yes;", withAudio).starts_with("-" + name + " ");
-            const bool isExpected = isPassed && (withAudio || (option.flags & ARG_AUDIO) == 0);
-            EXPECT_EQ(isWritten, isExpected) << name << (withAudio ? ", with audio" : ", without audio");
-        }
     }
 }
 

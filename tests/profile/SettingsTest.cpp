@@ -3,14 +3,6 @@
 
 #include "tests/support/Profiles.h"
 
-TEST(Settings, KindIsDecidedByPresence) {
-    EXPECT_EQ(ProfileWith("s=;VCODEC=;").GetType(), PROFILE_TYPE_UNKNOWN);
-    EXPECT_EQ(ProfileWith("acodec=;pcodec=;").GetType(), PROFILE_TYPE_AUDIO);
-    EXPECT_EQ(ProfileWith("acodec=;b=;").GetType(), PROFILE_TYPE_VIDEO);
-    EXPECT_EQ(ProfileWith("pcodec=;acodec=;vcodec=;").GetType(), PROFILE_TYPE_VIDEO);
-    EXPECT_EQ(ProfileWith("pcodec=;").GetType(), PROFILE_TYPE_PICTURE);
-}
-
 TEST(Settings, FrameSizeOfTheSourceIsZero) {
     std::int32_t width = -7, height = -7;
     EXPECT_FALSE(kmProfile().GetSize(width, height));

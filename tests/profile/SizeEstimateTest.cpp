@@ -19,8 +19,6 @@ TEST(SizeEstimate, FromTheOwnSettings) {
         {"pcm_of_16_bits_missed",         "acodec=pcm_s16le;ar=44100;ac=2;",   10 * kSecond, true, 1'764'000},
         {"pcm_of_8_bits_in_capitals",     "acodec=PCM_U8;ar=44100;ac=2;",      10 * kSecond, true, 882'000},
         {"video_counts_that_is_not_off",  "b=1000;vn=False;ab=8;",                  kSecond, true, 1'000},
-        {"audio_counts_that_is_not_off",  "b=1000;an=FALSE;ab=8;",                  kSecond, true, 125'000},
-        {"fraction_of_video_not_cut",     "b=1;ab=1;",                               12'000, true, 2},
         {"negative_result_rounded_down",  "b=1;",                                   -12'000, false, -1},
         {"large_rate_not_wrapped",        "acodec=pcm_s16le;ar=2147483647;ac=2;",   kSecond, true, -4},
         {"result_not_limited",            "b=2147483647;ab=2147483647;",           kForever, true, kForever}};
@@ -37,13 +35,11 @@ TEST(SizeEstimate, Pictures) {
     // clang-format off
     const struct { const char *fault, *settings; int sourceWidth, sourceHeight; Bytes bytes; } rows[] = {
         {"jpeg_not_a_twentieth",           "pcodec=JPG;s=320x240;pi=5;pt=10;",  0, 0, 23'040},
-        {"png_not_a_third",                "pcodec=PNG;s=320x240;pi=5;pt=10;",  0, 0, 153'600},
         {"shortest_interval_refused",      "pcodec=BMP;s=10x10;pi=0.01;pt=1;",  0, 0, 30'000},
         {"shorter_interval_accepted",      "pcodec=BMP;s=10x10;pi=0.0099;pt=1;", 0, 0, 0},
         {"source_size_not_used",           "pcodec=BMP;s=Auto;pi=1;pt=1;",      10, 20, 600},
         {"unknown_source_width_used",      "pcodec=BMP;s=Auto;pi=1;pt=1;",      -1, 20, 0},
-        {"large_picture_not_wrapped",      "pcodec=BMP;s=40000x40000;pi=1;pt=1;", 0, 0, 505'032'704},
-        {"endless_time_not_limited",       "pcodec=BMP;s=1x1;pi=1;pt=1e999;",   0, 0, kForever}};
+        {"large_picture_not_wrapped",      "pcodec=BMP;s=40000x40000;pi=1;pt=1;", 0, 0, 505'032'704}};
     // clang-format on
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.settings << " and a source of "
