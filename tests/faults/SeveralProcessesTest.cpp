@@ -2,6 +2,7 @@
 // and nothing is left behind. (Not on Windows, where it would take a program of its own to start; that a file
 // which another process holds is never damaged is tested there by holding it.)
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -92,6 +93,43 @@ TEST(SeveralProcesses, NobodySeesHalfAFile) {
     }
     for (const auto& entry : std::filesystem::directory_iterator(folder.SystemPath(KM_TEXT("user"))))
         EXPECT_NE(entry.path().extension(), ".tmp") << entry.path() << " was left";
+}
+
+TEST(SmallDisk, AFullDiskKeepsEveryProfile) {
+    const TemporaryFolder folder;
+    folder.MakeFolder(KM_TEXT("d"));
+    const std::string mounted = folder.SystemPath(KM_TEXT("d")).string();
+    if (mount("tmpfs", mounted.c_str(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "this process may not mount a small file system";
+    const CapturedMessages messages;
+    const std::string mine = "<Profiles><Main><SName>old</SName></Main></Profiles>";
+    folder.WriteBytes(KM_TEXT("d\\user\\Mine.pf"), mine);
+    kmManager::GetInstance().Load(folder.Path(KM_TEXT("d")));
+    kmProfile profile;
+    profile.SetID(KM_TEXT("Mine"));
+    EXPECT_TRUE(profile.Load(folder.Path(KM_TEXT("d"))));
+    const std::string fill(100, 'x');
+    for (std::ofstream all(mounted + "/fill"); all << fill << std::flush;) continue;
+    EXPECT_EQ(profile.Save(KM_TEXT("Mine"), true), PROFILE_ERROR_FILE);
+    EXPECT_EQ(profile.Save(KM_TEXT("New"), true), PROFILE_ERROR_FILE);
+    EXPECT_EQ(profile.ReName(KM_TEXT("Renamed")), PROFILE_ERROR_FILE);
+    EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("d\\user\\Mine.pf"))), mine);
+    std::filesystem::remove(mounted + "/fill");
+    EXPECT_EQ(profile.ReName(KM_TEXT("Renamed")), PROFILE_ERROR_NONE) << "with room again";
+    EXPECT_EQ(umount(mounted.c_str()), 0);
+}
+
+TEST(LargeFolder, AHundredThousandEntriesAreListedQuickly) {
+    const TemporaryFolder folder;
+    for (int i = 0; i < 100000; ++i) std::ofstream(folder.SystemPath() / (std::to_string(i) + ".jpg"));
+    folder.WriteBytes(KM_TEXT("a.pf"), "<Profiles><Main/></Profiles>");
+    const CapturedMessages messages;
+    struct : kmManager {
+    } manager;
+    const auto begin = Clock::now();
+    manager.Load(folder.Path());
+    EXPECT_LT(Clock::now() - begin, std::chrono::seconds(2));
+    EXPECT_EQ(manager.GetProfiles().size(), 1u);
 }
 
 }  // namespace

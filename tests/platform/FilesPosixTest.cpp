@@ -1,8 +1,12 @@
 // What only a file system whose names are bytes, letter case and all, can hold; and what is no regular file.
-#include <gtest/gtest.h>
-#include <sys/stat.h>
-
 #include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <algorithm>
 
 #include "kmManager.h"
 #include "platform/Files.h"
@@ -37,14 +41,25 @@ TEST(FilesPosix, FindsNamesByBytes) {
     }
 }
 
-// A pipe, a device behind a link, links that lead nowhere, a folder.
+// A pipe, a socket, a device behind a link, links that lead nowhere, a folder, a file that may not be read.
 void FillWithOddEntries(const TemporaryFolder& folder) {
     const std::filesystem::path root = folder.SystemPath();
     ASSERT_EQ(mkfifo((root / "pipe.pf").c_str(), 0600), 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string socketPath = (root / "socket.pf").string();
+    ASSERT_LT(socketPath.size(), sizeof address.sun_path);
+    std::copy(socketPath.begin(), socketPath.end(), address.sun_path);
+    const int socketFile = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_EQ(bind(socketFile, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    close(socketFile);
     std::filesystem::create_symlink("/dev/zero", root / "device.pf");
+    std::filesystem::create_symlink("/dev/tty", root / "terminal.pf");
     std::filesystem::create_symlink("nothing.pf", root / "dangling.pf");
     std::filesystem::create_symlink("circle.pf", root / "circle.pf");
     std::filesystem::create_directory(root / "folder.pf");
+    std::ofstream(root / "sparse.pf") << "x";
+    std::filesystem::resize_file(root / "sparse.pf", std::uintmax_t{3} << 30);
     std::ofstream(root / "no \xE9 utf8.pf") << "<Profiles><Main/></Profiles>";
     std::ofstream(root / "good.pf") << "<Profiles><Main/></Profiles>";
 }
@@ -60,7 +75,7 @@ TEST(FilesPosix, OddEntriesOfAFolderAreNeitherOpenedNorLoaded) {
     // Whoever waits to write into the pipe is not woken.
     EXPECT_EQ(open(folder.SystemPath(KM_TEXT("pipe.pf")).c_str(), O_WRONLY | O_NONBLOCK), -1)
         << "something still reads from the pipe";
-    for (const kmChar* name : {KM_TEXT("pipe.pf"), KM_TEXT("device.pf")}) {
+    for (const kmChar* name : {KM_TEXT("pipe.pf"), KM_TEXT("device.pf"), KM_TEXT("socket.pf")}) {
         InputFile file;
         EXPECT_FALSE(file.Open(folder.Path(name).c_str())) << Utf8(name);
         EXPECT_EQ(StoreFile(folder.Path(name).c_str(), "now", 3), StoreResult::CannotOpen) << Utf8(name);

@@ -1,7 +1,7 @@
 // What only this system does: locks, read-only files, access lists, long paths, the order of its listings,
 // its console and its test for UTF-16. The tests that only the other system has, and what stands for them
 // here:
-//   names by bytes                RenamingNeverReplaces, RecordsFollowTheSystemsListing
+//   names by bytes                RecordsFollowTheSystemsListing; renaming is tested on every system
 //   odd entries of a folder       none: folders here hold neither pipes nor sockets nor devices
 //   a full disk                   the fault tests, which run here too: a process cannot limit its files here
 //   links                         none: making them is a privilege here, which an ordinary account lacks
