@@ -3,8 +3,8 @@
 // A pattern is a list of arguments separated by spaces, in which "{value}" stands for the value as it is
 // written for the profiles' own encoder ("768K", "my clip"), "{typed}" for the value as the profile has it
 // without spaces at both ends, and "{ID}" for the value of another setting of the profile, or its default,
-// after its value has been translated too. The arguments of several settings behind "-vf" become one, joined
-// by ",".
+// after its value has been translated too. The arguments of several settings after "-vf", or after "-af",
+// become one, joined by ",". An option that encoders never get is written when it has a row here.
 #pragma once
 
 #include <span>

@@ -13,7 +13,8 @@
 
 namespace {
 
-constexpr kmStringView kFilters = KM_TEXT("-vf");
+// Options that an encoder takes once, each with one list of filters.
+constexpr kmStringView kFilterLists[] = {KM_TEXT("-vf"), KM_TEXT("-af")};
 
 struct GrowingText {
     kmString text;
@@ -106,6 +107,8 @@ private:
 
     void Decide(kmArgument& setting, const ChosenOption& chosen) {
         setting.fate = FateOf(chosen.choice);
+        const bool isWanted =
+            m_request.withAudio || chosen.option == nullptr || (chosen.option->flags & ARG_AUDIO) == 0;
         if (setting.fate == ARGUMENT_WRITTEN) {
             GrowingText value;
             if (chosen.choice == OptionChoice::Value) PutOptionValue(value, *chosen.option, chosen.value);
@@ -113,6 +116,9 @@ private:
             Write(setting, chosen, value.text);
         } else if (setting.fate == ARGUMENT_HELD_BACK && m_request.withHeldBack) {
             WriteHeldBack(setting, chosen);
+        } else if (setting.fate == ARGUMENT_NOT_PASSED && isWanted &&
+                   FindDialectOption(m_dialect, chosen.option->name, m_codec) != nullptr) {
+            Write(setting, chosen, kmString(chosen.value));  // this encoder does it itself
         }
     }
 
@@ -144,7 +150,8 @@ private:
                 return placeholder == KM_TEXT("typed") ? kmString(chosen.value) : UseOther(placeholder);
             });
         }
-        if (setting.fate == ARGUMENT_WRITTEN && setting.arguments != own) setting.fate = ARGUMENT_TRANSLATED;
+        if (setting.fate != ARGUMENT_DROPPED)
+            setting.fate = setting.arguments == own ? ARGUMENT_WRITTEN : ARGUMENT_TRANSLATED;
         if (setting.fate == ARGUMENT_WRITTEN && !setting.corrected.empty()) setting.fate = ARGUMENT_CORRECTED;
         WhyOf(setting) = JoinReasons(option, value, setting.fate);
     }
@@ -215,27 +222,35 @@ private:
         setting.sentence = DescribeFate(setting, correction, WhyOf(setting));
     }
 
-    // An encoder takes one list of filters.
     void JoinArguments() {
-        std::size_t filters = 0;  // where that list is
+        std::vector<kmString>& all = m_list.arguments;
+        std::size_t lists[std::size(kFilterLists)] = {};  // where they are; 0: nowhere yet
         for (const kmArgument& setting : m_list.settings) {
             const std::vector<kmString>& added = setting.arguments;
-            const bool isFilter = added.size() == 2 && added.front() == kFilters;
-            if (isFilter && filters != 0) {
-                m_list.arguments[filters] += KM_TEXT(',') + added.back();
+            const auto filters =
+                added.size() == 2 ? std::find(std::begin(kFilterLists), std::end(kFilterLists), added.front())
+                                  : std::end(kFilterLists);
+            std::size_t* list =
+                filters == std::end(kFilterLists) ? nullptr : &lists[filters - std::begin(kFilterLists)];
+            if (list != nullptr && *list != 0) {
+                all[*list] += KM_TEXT(',') + added.back();
                 continue;
             }
-            m_list.arguments.insert(m_list.arguments.end(), added.begin(), added.end());
-            if (isFilter) filters = m_list.arguments.size() - 1;
+            all.insert(all.end(), added.begin(), added.end());
+            if (list != nullptr) *list = all.size() - 1;
         }
     }
 
     void Close() {
         // Only the string is searched for it, quirks included; elsewhere saying it twice does no harm.
         m_string.Put(KM_TEXT(' '));
-        const kmStringView options = m_request.dialect == KM_DIALECT_OWN ? m_string.text : kmStringView();
-        m_list.streams = TrimView(ClosingOption(options, m_profile.GetType()), KM_TEXT(' '));
-        if (!m_list.streams.empty()) m_list.arguments.push_back(m_list.streams);
+        const bool isOwn = m_request.dialect == KM_DIALECT_OWN;
+        const kmStringView closing = TrimView(
+            ClosingOption(isOwn ? m_string.text : kmStringView(), m_profile.GetType()), KM_TEXT(' '));
+        if (!closing.empty()) m_list.streams.emplace_back(closing);
+        // Left to itself another encoder takes what the input has.
+        if (!isOwn && !m_request.withAudio) m_list.streams.emplace_back(KM_TEXT("-an"));
+        m_list.arguments.insert(m_list.arguments.end(), m_list.streams.begin(), m_list.streams.end());
         const std::vector<kmString>& format = m_list.format.arguments;
         m_list.arguments.insert(m_list.arguments.end(), format.begin(), format.end());
     }

@@ -57,7 +57,7 @@ struct kmArgumentList {
     std::vector<kmString> arguments;
     std::vector<kmArgument> settings;  // one for each item of the profile, in its order
     kmArgument format;                 // the output format of the header, as a setting without an ID
-    kmString streams;                  // "-vn" or "-an", which no setting wrote; empty for none
+    std::vector<kmString> streams;     // "-vn", "-an": those that no setting wrote
 };
 
 // The arguments between an encoder's input and its output. For KM_DIALECT_OWN and nothing held back they are

@@ -6,12 +6,12 @@
 #include "Catalogue.h"
 #include "Commands.h"
 #include "Console.h"
-#include "EncoderLists.h"
 #include "Failure.h"
 #include "Paths.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
+#include "conversion/EncoderLists.h"
 #include "kmFolders.h"
 #include "kmText.h"
 

@@ -4,8 +4,8 @@
 
 #include "Arguments.h"
 #include "Commands.h"
-#include "Conversion.h"
 #include "Paths.h"
+#include "conversion/Conversion.h"
 
 namespace {
 

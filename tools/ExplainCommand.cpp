@@ -34,7 +34,7 @@ void Explain(const ExplainArguments& arguments, const kmString& folder) {
     rows.push_back(RowOf(list.format));
     rows.back().cells.front() = "(format)";
     PrintTable(rows, 0);
-    if (!list.streams.empty()) Print("\nAfter the settings: " + kmUtf8FromText(list.streams) + '\n');
+    if (!list.streams.empty()) Print("\nAfter the settings: " + ShellLine(list.streams) + '\n');
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ TEST(ArgumentList, IsTheOptionStringTakenApart) {
             const kmString counted = setting.corrected.empty() ? setting.value : setting.corrected;
             ASSERT_EQ(Utf8(counted), Utf8(changing.GetProfileItems()[i].GetValue())) << settings;
         }
-        if (!list.streams.empty()) parts.push_back(list.streams);
+        parts.insert(parts.end(), list.streams.begin(), list.streams.end());
         ASSERT_EQ(Joined(parts), Joined(list.arguments))
             << settings << ": the explanation tells another list";
     }
@@ -111,6 +111,13 @@ const ListRow kRows[] = {
      "translated -vf | crop=in_w:in_h-2:0:2; -f | avi"},
     {"standard_not_part_of_the_target", "standard=PAL;target=Dvd;b=1;", kFfmpeg,
      "covered ; translated -target | pal-dvd; set-by-target ; -f | avi"},
+    {"audio_of_the_input_kept",
+     "ab=96;b=1;",
+     {KM_DIALECT_FFMPEG, false, false, false},
+     "no-audio ; translated -b:v | 1K; -an"},
+    {"volume_left_to_the_application", "vol=150%;vol=100%;async=1;", kFfmpeg,
+     "translated -af | volume=1.5; dropped ; translated -af | aresample=async=1; -f | avi"},
+    {"volume_of_no_audio", "vol=150%;", {KM_DIALECT_FFMPEG, false, false, false}, "not-passed ; -an"},
     {"codec_that_the_output_format_refuses", "vcodec=H263p;", kFfmpeg, "translated -vcodec | h263; -f | 3gp",
      "3gp"},
     {"output_format_not_translated", "vcodec=H263p;", kFfmpeg, "written -vcodec | H263p; -f | mpeg", "DPG"},
@@ -124,8 +131,8 @@ std::string Render(const kmArgumentList& list) {
     std::string text;
     for (const kmArgument& setting : list.settings)
         text += kmFateName(setting.fate) + (' ' + Joined(setting.arguments)) + "; ";
-    std::vector<kmString> others = list.format.arguments;
-    if (!list.streams.empty()) others.insert(others.begin(), list.streams);
+    std::vector<kmString> others = list.streams;
+    others.insert(others.end(), list.format.arguments.begin(), list.format.arguments.end());
     return text + Joined(others);
 }
 
@@ -142,11 +149,12 @@ TEST(ArgumentList, TellsWhatBecameOfEachSetting) {
     }
 }
 
-TEST(ArgumentList, FiltersAreOneArgument) {
+TEST(ArgumentList, FiltersOfAKindAreOneArgument) {
     const kmArgumentList list =
-        kmBuildArguments(ProfileWith("deinterlace=true;b=1;croptop=2;title=-vf;year=1;"), kFfmpeg);
+        kmBuildArguments(ProfileWith("deinterlace=true;vol=50%;croptop=2;title=-vf;async=1;"), kFfmpeg);
     EXPECT_EQ(Joined(list.arguments),
-              "-vf | yadif,crop=in_w:in_h-2:0:2 | -b:v | 1K | -metadata | title=-vf | -metadata | date=1");
+              "-vf | yadif,crop=in_w:in_h-2:0:2 | -af | volume=0.5,aresample=async=1 | "
+              "-metadata | title=-vf");
 }
 
 TEST(MissingAbilities, AreNamedBySettingAndByTheEncodersName) {

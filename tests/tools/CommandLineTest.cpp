@@ -1,4 +1,4 @@
-#include "tools/CommandLine.h"
+#include "tools/conversion/CommandLine.h"
 
 #include <gtest/gtest.h>
 

@@ -82,7 +82,7 @@ const Ending kEndings[] = {
     {"output_of_the_meantime_replaced", "printf other > o; printf new > $out", "video in.avi o", 1, "o: there is such a file by now; the finished one is .km", ".km=new o=other"},
     {"failure_replaces_output", "printf half > $out; exit 1", "video in.avi old.mp4 --force", 1, "encoder failed (status 1)\n", ""},
     {"status_or_last_line_lost", "printf half > $out; echo a >&2; echo no codec >&2; exit 3", "video in.avi o", 3, "encoder failed (status 3): no codec\n", ""},
-    {"cause_lost_among_messages", "printf '[mp4 @ 0x1] [error] width is odd\\n[error] no output\\n[info] bye' >&2; exit 1", "video in.avi o", 1, "encoder failed (status 1): width is odd; no output\n", ""},
+    {"cause_lost_among_messages", "printf '[mp4 @ 0x1] [error] width is odd\\n[error] many\\n[error] no output -- \\n[info] bye' >&2; exit 1", "video in.avi o", 1, "encoder failed (status 1): width is odd; no output\n", ""},
     {"message_obeyed_by_terminal", "printf '\\033[31mred' >&2; exit 1", "video in.avi o", 1, "encoder failed (status 1):  [31mred\n", ""},
     {"death_taken_for_success", "printf half > $out; kill -KILL $$", "video in.avi o", 1, "encoder was ended by signal 9\n", ""},
     {"half_file_not_kept", "printf half > $out; exit 1", "video in.avi o --keep", 1, "encoder failed (status 1); the half-written file is .km", ".km=half"},
@@ -129,12 +129,13 @@ TEST(Convert, ArgumentsArriveAsTheyAre) {
     const std::string title = "My \"best\"  'one' $(touch F) `touch F` \\ %d;\n-y", nul(1, '\0');
     const Studio studio("printf '%s\\0' \"$@\" > p/arguments; cp -- \"-i:n\" \"$out\"");
     std::ofstream(studio.Path("-i:n")) << "new";
-    const ToolRun run = studio.Run({"--set", "title=" + title, "--", "video", "-i:n", "-o:ut \".mp4"});
+    const ToolRun run =
+        studio.Run({"--no-audio", "--set", "title=" + title, "--", "video", "-i:n", "-o:ut \".mp4"});
     EXPECT_EQ(run.status, 0) << run;
     EXPECT_EQ(studio.Changes(), "-i:n=new -o:ut \".mp4=new") << run;
     const std::string arguments = nul + studio.Content("p/arguments");
     for (const std::string& part :
-         {nul + "-i" + nul + "file:-i:n" + nul, nul + "title=" + title + nul, nul + "file:.km"})
+         {nul + "-i" + nul + "file:-i:n" + nul, nul + "title=" + title + nul, nul + "-an" + nul + "-f" + nul})
         EXPECT_NE(arguments.find(part), std::string::npos) << part << "\nis not in\n" << arguments;
 }
 

@@ -1,9 +1,9 @@
 // What the bar shows for what the encoder says.
 #include <gtest/gtest.h>
 
-#include "tools/EncoderLog.h"
-#include "tools/Lines.h"
-#include "tools/ProgressBar.h"
+#include "tools/conversion/EncoderLog.h"
+#include "tools/conversion/Lines.h"
+#include "tools/conversion/ProgressBar.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Arguments reach another program as they are, however it takes its command line apart.
-#include "tools/ChildProcess.h"
+#include "tools/conversion/ChildProcess.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "ProgressOutput.h"
+#include "conversion/ProgressOutput.h"
 
 // What the conversion is expected to come to; 0: not known.
 struct Expectation {

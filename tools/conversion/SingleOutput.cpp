@@ -1,4 +1,4 @@
-#include "SingleOutput.h"
+#include "conversion/SingleOutput.h"
 
 #include <cstdint>
 #include <cstdio>
@@ -7,9 +7,9 @@
 #include <utility>
 
 #include "Failure.h"
-#include "FileSteps.h"
-#include "OutputChecks.h"
 #include "Paths.h"
+#include "conversion/FileSteps.h"
+#include "conversion/OutputChecks.h"
 
 namespace fs = std::filesystem;
 

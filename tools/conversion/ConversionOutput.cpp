@@ -1,10 +1,10 @@
-#include "ConversionOutput.h"
+#include "conversion/ConversionOutput.h"
 
 #include "Failure.h"
-#include "OutputChecks.h"
 #include "Paths.h"
-#include "PictureSeries.h"
-#include "SingleOutput.h"
+#include "conversion/OutputChecks.h"
+#include "conversion/PictureSeries.h"
+#include "conversion/SingleOutput.h"
 
 std::unique_ptr<ConversionOutput> OpenOutput(const OutputRequest& request) {
     if (!request.path.has_filename()) throw Failure("the output needs the name of a file");

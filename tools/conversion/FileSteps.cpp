@@ -1,4 +1,4 @@
-#include "FileSteps.h"
+#include "conversion/FileSteps.h"
 
 #include <fcntl.h>
 #include <unistd.h>

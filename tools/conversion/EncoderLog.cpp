@@ -1,9 +1,8 @@
-#include "EncoderLog.h"
+#include "conversion/EncoderLog.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
-#include <utility>
 
 namespace {
 
@@ -13,17 +12,18 @@ constexpr std::string_view kFaults[] = {"[error] ", "[fatal] ", "[panic] "};
 struct Message {
     std::string_view level;  // empty when the line has none
     std::string_view text;
+    bool isOfPart = false;  // said by a codec or a format: "[mp3 @ 0x5587] [error] ..."
 };
 
-// Before the level may stand which parts of the encoder speak: "[mp3 @ 0x5587] ".
 Message Split(std::string_view line) {
     std::string_view rest = line;
-    while (rest.starts_with('[')) {
+    for (bool isOfPart = false; rest.starts_with('['); isOfPart = true) {
         const std::size_t end = rest.find("] ");
         if (end == std::string_view::npos) break;
         const std::string_view word = rest.substr(0, end + 2);
         rest.remove_prefix(word.size());
-        if (std::find(std::begin(kLevels), std::end(kLevels), word) != std::end(kLevels)) return {word, rest};
+        if (std::find(std::begin(kLevels), std::end(kLevels), word) != std::end(kLevels))
+            return {word, rest, isOfPart};
     }
     return {{}, line};
 }
@@ -40,22 +40,24 @@ std::int64_t ReadDuration(const std::string& text) {
     return (hours * 60 + minutes) * 60'000'000 + static_cast<std::int64_t>(seconds * 1e6);
 }
 
-bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
+// Some messages end where a reason is missing: "... -- ".
+std::string_view Trimmed(std::string_view text) { return text.substr(0, text.find_last_not_of(" -") + 1); }
 
 }  // namespace
 
 void EncoderLog::Add(std::string_view line) {
     const Message message = Split(line);
     if (m_inputDuration == 0) m_inputDuration = ReadDuration(std::string(message.text));
-    if (IsBlank(message.text)) return;
+    const std::string_view text = Trimmed(message.text);
+    if (text.empty()) return;
     if (message.level.empty()) {
-        if (!m_hasLevels) m_last = message.text;
-        return;
+        m_lastLine = text;
+    } else if (std::find(std::begin(kFaults), std::end(kFaults), message.level) != std::end(kFaults)) {
+        (message.isOfPart ? m_cause : m_fault) = text;
     }
-    if (!m_hasLevels) m_last.clear();
-    m_hasLevels = true;
-    if (std::find(std::begin(kFaults), std::end(kFaults), message.level) == std::end(kFaults)) return;
-    if (m_last != message.text) m_cause = std::exchange(m_last, message.text);
 }
 
-std::string EncoderLog::LastWords() const { return m_cause.empty() ? m_last : m_cause + "; " + m_last; }
+std::string EncoderLog::LastWords() const {
+    if (m_cause.empty() && m_fault.empty()) return m_lastLine;
+    return m_cause + (m_cause.empty() || m_fault.empty() ? "" : "; ") + m_fault;
+}

@@ -1,4 +1,4 @@
-#include "PictureSeries.h"
+#include "conversion/PictureSeries.h"
 
 #include <algorithm>
 #include <charconv>
@@ -6,8 +6,8 @@
 #include <system_error>
 
 #include "Failure.h"
-#include "OutputChecks.h"
 #include "Paths.h"
+#include "conversion/OutputChecks.h"
 
 namespace fs = std::filesystem;
 

@@ -1,4 +1,4 @@
-#include "EncoderArguments.h"
+#include "conversion/EncoderArguments.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // An output of one file.
 #pragma once
 
-#include "ConversionOutput.h"
+#include "conversion/ConversionOutput.h"
 
 // The file is written under a temporary name beside the output, whose name it gets in one step at the end:
 // what carries it is always whole.

@@ -1,4 +1,4 @@
-#include "ProgressBar.h"
+#include "conversion/ProgressBar.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -12,13 +12,13 @@ public:
     // Of the input, in microseconds; 0 as long as it is not known.
     std::int64_t InputDuration() const { return m_inputDuration; }
 
-    // What went wrong, on one line: the last error with the one before it, which often is its cause. Without
-    // errors the last line of any other program.
+    // What went wrong, on one line: the last error of a codec or a format, which says why, and the last one
+    // of the encoder itself. Without errors the last line that has no level, as other programs write them.
     std::string LastWords() const;
 
 private:
     std::int64_t m_inputDuration = 0;
-    bool m_hasLevels = false;
     std::string m_cause;
-    std::string m_last;
+    std::string m_fault;
+    std::string m_lastLine;
 };

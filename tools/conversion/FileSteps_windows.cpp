@@ -4,7 +4,7 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
-#include "FileSteps.h"
+#include "conversion/FileSteps.h"
 
 namespace {
 

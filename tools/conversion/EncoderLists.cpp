@@ -1,10 +1,10 @@
-#include "EncoderLists.h"
+#include "conversion/EncoderLists.h"
 
 #include <sstream>
 
-#include "ChildProcess.h"
 #include "Failure.h"
 #include "Printable.h"
+#include "conversion/ChildProcess.h"
 #include "kmText.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "Conversion.h"
+#include "conversion/Conversion.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -7,15 +7,15 @@
 #include <system_error>
 #include <vector>
 
-#include "ChildProcess.h"
-#include "ConversionOutput.h"
-#include "EncoderArguments.h"
-#include "EncoderLog.h"
 #include "Failure.h"
-#include "Lines.h"
 #include "Paths.h"
-#include "ProgressBar.h"
-#include "ProgressOutput.h"
+#include "conversion/ChildProcess.h"
+#include "conversion/ConversionOutput.h"
+#include "conversion/EncoderArguments.h"
+#include "conversion/EncoderLog.h"
+#include "conversion/Lines.h"
+#include "conversion/ProgressBar.h"
+#include "conversion/ProgressOutput.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "ChildProcess.h"
+#include "conversion/ChildProcess.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -13,8 +13,6 @@
 
 #include "Failure.h"
 #include "Printable.h"
-
-extern char** environ;
 
 namespace {
 

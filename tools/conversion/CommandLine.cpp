@@ -1,4 +1,4 @@
-#include "CommandLine.h"
+#include "conversion/CommandLine.h"
 
 #include <cstddef>
 

@@ -1,4 +1,4 @@
-#include "OutputChecks.h"
+#include "conversion/OutputChecks.h"
 
 #include <system_error>
 

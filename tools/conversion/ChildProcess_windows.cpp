@@ -12,10 +12,10 @@
 #include <system_error>
 #include <utility>
 
-#include "ChildProcess.h"
-#include "CommandLine.h"
 #include "Failure.h"
 #include "Printable.h"
+#include "conversion/ChildProcess.h"
+#include "conversion/CommandLine.h"
 #include "kmText.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <set>
 
-#include "ConversionOutput.h"
+#include "conversion/ConversionOutput.h"
 
 // A file's name with one number in it: "picture%03d.jpg".
 struct PicturePattern {

@@ -1,4 +1,4 @@
-#include "ProgressOutput.h"
+#include "conversion/ProgressOutput.h"
 
 #include <algorithm>
 #include <charconv>
