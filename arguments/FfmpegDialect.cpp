@@ -52,7 +52,7 @@ constexpr DialectOption kOptionNames[] = {
     {KM_TEXT("zoom"), {}, {}, KM_TEXT("its numbers have a meaning for the application only")},
     {KM_TEXT("pq"), {}, KM_TEXT("-flags +qscale -global_quality:v {value}"), KM_TEXT("a quality in these units has this name today")},
     {KM_TEXT("pt"), {}, KM_TEXT("-t {value}"), KM_TEXT("ffmpeg has one recording time for everything")},
-    {KM_TEXT("pi"), {}, KM_TEXT("-r 1/{value}"), KM_TEXT("an interval is the inverse of a frame rate")},
+    {KM_TEXT("pi"), {}, KM_TEXT("-vf fps=1/{value}:round=up"), KM_TEXT("a filter takes the pictures at the right times; -r would write the first one twice")},
     {KM_TEXT("intra"), {}, KM_TEXT("-g 1"), KM_TEXT("a group of one picture is what it stood for")},
     {KM_TEXT("mbqmin"), {}, KM_TEXT("-mblmin {value}*QP2LAMBDA"), KM_TEXT("only the Lagrange factor of the same quantiser can be limited today")},
     {KM_TEXT("mbqmax"), {}, KM_TEXT("-mblmax {value}*QP2LAMBDA"), KM_TEXT("only the Lagrange factor of the same quantiser can be limited today")},
