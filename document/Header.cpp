@@ -1,6 +1,7 @@
 // The children of "Main" are walked once; each that the table knows gives one field, the first of its name.
 #include "document/Header.h"
 
+#include <algorithm>
 #include <iterator>
 #include <variant>
 
@@ -12,22 +13,25 @@ namespace {
 // Where a child of "Main" carries its field.
 enum class Carrier { Attribute, Text };
 
+// What saving puts into the file.
+enum class Saved { Field, ID, Nothing };
+
 struct HeaderRow {
     kmStringView name;  // of the element; null-terminated
     Carrier carrier;
     std::variant<kmString kmProfileHeader::*, bool kmProfileHeader::*> field;
-    bool isWritten = true;
+    Saved saved = Saved::Field;
 };
 
 // In the order in which files have them. A new field is a row here and a member of the structure.
 constexpr const kmChar* kName = KM_TEXT("Name");
 constexpr HeaderRow kRows[] = {
-    {kName, Carrier::Attribute, &kmProfileHeader::name},
+    {kName, Carrier::Attribute, &kmProfileHeader::name, Saved::ID},
     {KM_TEXT("Desc"), Carrier::Attribute, &kmProfileHeader::desc},
     {KM_TEXT("SName"), Carrier::Text, &kmProfileHeader::sName},
     {KM_TEXT("Format"), Carrier::Text, &kmProfileHeader::format},
     {KM_TEXT("ExtName"), Carrier::Text, &kmProfileHeader::extName},
-    {KM_TEXT("IsSysProfile"), Carrier::Text, &kmProfileHeader::isSystem, /*isWritten=*/false},
+    {KM_TEXT("IsSysProfile"), Carrier::Text, &kmProfileHeader::isSystem, Saved::Nothing},
 };
 
 void Store(kmString& field, const kmChar* text) { field = text; }
@@ -35,6 +39,9 @@ void Store(bool& field, const kmChar* text) { field = format::IsYes(text); }
 
 kmString TextOf(const kmString& field) { return field; }
 kmString TextOf(bool field) { return field ? format::kYes : KM_TEXT(""); }
+kmString TextOf(const kmProfileHeader& header, const HeaderRow& row) {
+    return std::visit([&](auto field) { return TextOf(header.*field); }, row.field);
+}
 
 }  // namespace
 
@@ -58,8 +65,8 @@ void SetHeaderName(const XMLNode& main, const kmString& name) {
 
 void WriteHeader(const kmProfileHeader& header, XMLNode main) {
     for (const HeaderRow& row : kRows) {
-        if (!row.isWritten) continue;
-        const kmString text = std::visit([&](auto field) { return TextOf(header.*field); }, row.field);
+        if (row.saved == Saved::Nothing) continue;
+        const kmString text = TextOf(header, row);
         XMLNode child = main.AppendChild(row.name.data(), false);
         if (row.carrier == Carrier::Attribute) {
             child.SetAttribute(text.c_str(), nullptr, format::kLanguage);
@@ -67,4 +74,20 @@ void WriteHeader(const kmProfileHeader& header, XMLNode main) {
             child.SetText(text.c_str(), 0);
         }
     }
+}
+
+std::vector<HeaderField> HeaderFieldsOf(const kmProfileHeader& header) {
+    std::vector<HeaderField> fields;
+    for (const HeaderRow& row : kRows)
+        fields.push_back({row.name, TextOf(header, row), row.saved == Saved::Field});
+    return fields;
+}
+
+bool CopyHeaderField(kmProfileHeader& to, const kmProfileHeader& from, kmStringView name) {
+    const auto row = std::find_if(std::begin(kRows), std::end(kRows), [name](const HeaderRow& candidate) {
+        return candidate.name == name && candidate.saved == Saved::Field;
+    });
+    if (row == std::end(kRows)) return false;
+    std::visit([&](auto field) { to.*field = from.*field; }, row->field);
+    return true;
 }

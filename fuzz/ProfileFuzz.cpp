@@ -9,6 +9,7 @@
 
 #include "fuzz/Law.h"
 #include "kmArgOption.h"
+#include "kmCompare.h"
 #include "kmProfile.h"
 #include "tests/faults/MemoryFileSystem.h"
 #include "text/Ascii.h"
@@ -148,6 +149,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isLoaded = profile.Load(kFolder);
     Require(isLoaded || profile.GetProfileItems().empty(), "a failed load leaves no items");
     if (!isLoaded) return 0;
+    Require(kmCompareWithFile(profile).result == FILE_COMPARISON_EQUAL, "loading is no change");
     AskItems(profile);
     AskDerivedValues(profile);
     CheckOptionString(profile, /*withAudio=*/true);

@@ -168,11 +168,15 @@ private:
 
     // Declared in kmProfileFile.h.
     friend KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
+    friend KM_EXPORT bool kmReadFileOf(const kmProfile& profile, kmProfile& file);
     friend KM_EXPORT PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& newID);
+
+    friend class ProfileComparison;
 
     struct ItemMembers;
 
     XMLNode OpenFile();
+    bool ReadDocument(const XMLNode& root);
     void ReadItems(const XMLNode& parameter);
 
     PROFILE_EERROR FindSaveRefusal(const kmString& newID, bool overwrite) const;

@@ -8,6 +8,11 @@
 // succeeded. Empty for a profile that was never loaded.
 KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
 
+// Makes `file` what the profile's file says now: that of the profile's ID in its folder, and in no other one.
+// The two may be one object. False, with `file` as it was, when the profile was never loaded or the file is
+// gone or cannot be read; messages as for a load.
+KM_EXPORT bool kmReadFileOf(const kmProfile& profile, kmProfile& file);
+
 // Saves the profile under an ID that nobody has: like kmProfile::Save without overwriting, but where that
 // asks the catalogue alone, here the file system decides, in the step that gives the file its name. So
 // nothing is ever replaced, not even a file that is no profile or that another process has just made:

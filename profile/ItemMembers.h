@@ -15,6 +15,8 @@ struct kmProfile::ItemMembers {
     using List = std::vector<kmString> kmProfileItem::*;
     using Member = std::variant<Text, Number, Flag, List>;  // in the order of ItemFieldKind
 
+    static constexpr Text kID = &kmProfileItem::m_id;
+
     // In the order of kItemFields.
     static constexpr Member kMembers[] = {
         &kmProfileItem::m_value,

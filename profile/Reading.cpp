@@ -32,7 +32,10 @@ bool kmProfile::Load(const kmString& folder) {
     m_folder = folder.c_str();
     if (m_folder.empty()) m_folder = GetDefaultProfilesFolder();
     NormalizeFolder(m_folder);
-    const XMLNode root = OpenFile();
+    return ReadDocument(OpenFile());
+}
+
+bool kmProfile::ReadDocument(const XMLNode& root) {
     const XMLNode main = root.FindChild(format::kMain);
     if (main.IsEmpty()) return false;
     ReadHeader(main, m_header);

@@ -1,6 +1,7 @@
 // Saving and renaming. What could be refused is refused before a file is touched; then the file changes in
 // one step; only then the icons, the catalogue and its callbacks are told.
 #include <map>
+#include <optional>
 #include <utility>
 
 #include "document/Format.h"
@@ -11,10 +12,9 @@
 #include "kmProfileFile.h"
 #include "kmProfileID.h"
 #include "platform/Files.h"
+#include "profile/FieldText.h"
 #include "profile/ItemMembers.h"
 #include "text/Folders.h"
-#include "text/Numbers.h"
-#include "text/kmCTString.h"
 #include "xml/XMLNode.h"
 
 namespace {
@@ -25,11 +25,11 @@ kmString FoldedText(kmStringView text) {
     return folded;
 }
 
-void SetOrRemove(XMLNode& element, const kmChar* name, bool isEmpty, const kmString& text) {
-    if (isEmpty) {
-        element.RemoveAttribute(name);
+void SetOrRemove(XMLNode& element, const kmChar* name, const std::optional<kmString>& text) {
+    if (text) {
+        element.SetAttribute(text->c_str(), nullptr, name);
     } else {
-        element.SetAttribute(text.c_str(), nullptr, name);
+        element.RemoveAttribute(name);
     }
 }
 
@@ -50,21 +50,19 @@ void ReportChange(PROFILE_CHANGED_TYPE type, const kmString& newID, const kmStri
 }  // namespace
 
 void kmProfile::SetProfileItemValue(XMLNode& element, const kmString& value, const kmChar* name) {
-    SetOrRemove(element, name, value.empty(), value);
+    SetOrRemove(element, name, FieldText(value));
 }
 
 void kmProfile::SetProfileItemValue(XMLNode& element, int value, const kmChar* name) {
-    SetOrRemove(element, name, value == 0, IntegerText(value));
+    SetOrRemove(element, name, FieldText(value));
 }
 
 void kmProfile::SetProfileItemValue(XMLNode& element, bool value, const kmChar* name) {
-    SetOrRemove(element, name, !value, format::kYes);
+    SetOrRemove(element, name, FieldText(value));
 }
 
 void kmProfile::SetProfileItemValue(XMLNode& element, std::vector<kmString>& value, const kmChar* name) {
-    kmString joined;
-    JoinTexts(value, format::kListSeparator, joined);
-    SetOrRemove(element, name, value.empty(), joined);
+    SetOrRemove(element, name, FieldText(value));
 }
 
 void kmProfile::SetValueToFile(kmProfileItem& item, XMLNode& element) {
