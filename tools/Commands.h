@@ -15,6 +15,7 @@ struct GlobalOptions {
 
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
+void AddDiffCommand(CLI::App& app, const GlobalOptions& global);
 void AddArgsCommand(CLI::App& app, const GlobalOptions& global);
 void AddAvailableCommand(CLI::App& app, const GlobalOptions& global);
 void AddExplainCommand(CLI::App& app, const GlobalOptions& global);

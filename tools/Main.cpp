@@ -23,6 +23,7 @@ constexpr const char* kFooter = R"(Examples:
   kmprofile edit "Holiday Clips" "Holiday Clips Large" ab=192
   kmprofile rename "Holiday Clips Large" "Grandma"
   kmprofile delete "Grandma"
+  kmprofile diff "Holiday Clips" "Phone 240p"
   kmprofile args "Holiday Clips" --set ab=192 --held-back
   kmprofile convert "Holiday Clips" tape.avi clip.mp4
   kmprofile estimate "Holiday Clips" --duration 01:30:00
@@ -33,7 +34,7 @@ A profile's ID is its file name without ".pf". It is looked for in the profiles 
 folder's "user" subfolder, which takes the copies of system profiles. Those of the system are never changed.
 "kmprofile COMMAND --help" explains one command.
 
-Exit status: 0 done; 1 refused or failed; 2 wrong arguments; of "convert" also the encoder's own.)";
+Exit status: 0 done; 1 refused or failed; 2 wrong arguments. "diff" and "convert" have others too.)";
 
 void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.set_help_flag("-h,--help", "Print this help and exit");
@@ -46,6 +47,7 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.footer(kFooter);
     AddListCommand(app, global);
     AddShowCommand(app, global);
+    AddDiffCommand(app, global);
     AddArgsCommand(app, global);
     AddExplainCommand(app, global);
     AddAvailableCommand(app, global);

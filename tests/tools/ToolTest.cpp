@@ -75,6 +75,7 @@ constexpr const char* kCommands[] = {"list",
                                      "show @",
                                      "args @ --held-back",
                                      "args @ --set ab=1",
+                                     "diff @ good",
                                      "estimate @ --duration 60 --source 16x16 --explain",
                                      "estimate @ --duration 60 --fit 1M",
                                      "icon @",
@@ -136,10 +137,13 @@ TEST(Tool, CostOfShowingManySettingsIsProportional) {
     const TemporaryFolder folder;
     Write(folder, "p/settings.pf", Profile(items));
     Write(folder, "p/choices.pf", Profile(Item("vcodec", "v9", list, list)));
+    Write(folder, "p/equal.pf", Profile(Repeat(60000, "<ab/>")));
+    Write(folder, "p/more.pf", Profile(Repeat(60001, "<ab/>")));
     for (const std::string id : {"settings", "choices"}) {
         const ToolRun run = RunTool(folder, {"edit", id, "--folder", "p"});
         EXPECT_EQ(run.status, 0) << id << " of a file as large";
     }
+    EXPECT_EQ(RunTool(folder, {"diff", "equal", "more", "--folder", "p"}).status, 1);
 }
 
 struct Answer {
@@ -170,6 +174,11 @@ const Answer kAnswers[] = {
      "800 kbit/s\nany        800 kbit/s\n"},
     {"nothing_fits_and_done", "estimate clip --duration 60 --fit 900K", 1, "the audio takes 960 000 bytes"},
     {"fit_without_video", "estimate good --duration 60 --fit 1M", 1, "\"good\" makes no video"},
+    {"difference_not_shown", "diff good double", 1,
+     "good    double\nab      Value                    128     2\n"},
+    {"which_of_several_not_shown", "diff good double", 1, "ab (2)  only in the second"},
+    {"equal_profiles_differ", "diff good user/good", 0, ""},
+    {"unreadable_profile_differs", "diff good none", 2, "no profile \"none\" in p/\n"},
     {"wrong_size_accepted", "estimate clip --duration 60 --fit 1.5", 2, "--fit: \"1.5\" is no size"},
 };
 
@@ -188,7 +197,7 @@ TEST(Tool, AnswersInItsOwnWords) {
                       "<t Value=' '/><SS Value='00:00:01'/>"));
         const ToolRun run = RunTool(folder, CommandFor(row.command, {}));
         EXPECT_EQ(run.status, row.status) << row.name << ": " << run;
-        EXPECT_NE((row.status == 0 ? run.output : run.error).find(row.part), std::string::npos)
+        EXPECT_NE((run.error.empty() ? run.output : run.error).find(row.part), std::string::npos)
             << row.name << " wants " << row.part << ": " << run;
         EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("p\\user\\headless.pf"))), "<Profiles/>") << row.name;
     }

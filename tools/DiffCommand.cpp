@@ -1,0 +1,96 @@
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "Commands.h"
+#include "Failure.h"
+#include "Paths.h"
+#include "Printable.h"
+#include "ProfileLoading.h"
+#include "Table.h"
+#include "kmCompare.h"
+#include "kmFolders.h"
+#include "kmText.h"
+
+namespace {
+
+struct DiffArguments {
+    std::string first;
+    std::string second;
+};
+
+// In quotation marks where a space at an end would not be seen.
+std::string ValueText(const kmString& value) {
+    const std::string text = kmUtf8FromText(value);
+    return text.starts_with(' ') || text.ends_with(' ') ? Quoted(text) : text;
+}
+
+std::string FieldName(const kmDifference& difference) {
+    switch (difference.kind) {
+        case DIFFERENCE_ONLY_IN_FIRST:
+            return "only in the first";
+        case DIFFERENCE_ONLY_IN_SECOND:
+            return "only in the second";
+        case DIFFERENCE_ITEM_ORDER:
+            return "order of settings";
+        case DIFFERENCE_HEADER_FIELD:
+        case DIFFERENCE_ITEM_FIELD:
+            break;
+    }
+    return kmUtf8FromText(difference.field);
+}
+
+// Of several settings of one name, which one.
+std::string SettingName(const kmDifference& difference) {
+    const std::string name = kmUtf8FromText(difference.id);
+    return difference.occurrence == 0 ? name : name + " (" + std::to_string(difference.occurrence + 1) + ')';
+}
+
+std::vector<TableRow> FindDifferences(const DiffArguments& arguments, const kmString& folder) {
+    const kmProfile first = LoadProfile(folder, kmPathFromUtf8(arguments.first));
+    const kmProfile second = LoadProfile(folder, kmPathFromUtf8(arguments.second));
+    std::vector<TableRow> rows;
+    for (const kmDifference& difference : kmCompareProfiles(first, second)) {
+        if (rows.empty())
+            rows.push_back({{"", "", kmUtf8FromPath(first.GetID()), kmUtf8FromPath(second.GetID())}});
+        rows.push_back({{SettingName(difference), FieldName(difference), ValueText(difference.first),
+                         ValueText(difference.second)}});
+    }
+    return rows;
+}
+
+// Whatever goes wrong in front of the answer must not look like "they differ".
+std::vector<TableRow> FindOrGiveUp(const DiffArguments& arguments, const kmString& folder) {
+    try {
+        return FindDifferences(arguments, folder);
+    } catch (const std::exception& error) {
+        throw Failure(error.what(), kExitUsage);
+    }
+}
+
+void Diff(const DiffArguments& arguments, const kmString& folder) {
+    const std::vector<TableRow> rows = FindOrGiveUp(arguments, folder);
+    if (rows.empty()) return;
+    PrintTable(rows, 0);
+    throw Failure("");
+}
+
+}  // namespace
+
+void AddDiffCommand(CLI::App& app, const GlobalOptions& global) {
+    auto arguments = std::make_shared<DiffArguments>();
+    CLI::App* command = app.add_subcommand("diff", "Print what differs between two profiles");
+    command->add_option("ID", arguments->first, "The first profile")->required();
+    command->add_option("OTHER", arguments->second, "The second profile")->required();
+    command->footer(
+        R"(A line for each difference: the setting (none for the header), the field as files call it, what the first
+profile has and what the second has. Nothing when they are equal.
+
+Exit status, as that of diff: 0 equal; 1 different; 2 wrong arguments, or a profile cannot be read.
+
+Example:
+  kmprofile diff "Phone 240p" "Holiday Clips")");
+    command->callback([arguments, &global] { Diff(*arguments, ProfilesFolder(global.folder)); });
+}
