@@ -58,8 +58,8 @@ struct kmFileComparison {
 
 // Compares the profile with what its file says now, whatever the changed flag says. "Name" and "IsSysProfile"
 // do not count: saving takes neither from the profile. What no file can keep does: after saving, an empty
-// value whose option has a default, items with one ID. So does a text of the header that the file lacks and
-// that an earlier load of another file left.
+// value whose option has a default, items with one ID in any letter case. So does a text of the header that
+// the file lacks and that an earlier load of another file left.
 KM_EXPORT kmFileComparison kmCompareWithFile(const kmProfile& profile);
 
 // Makes one item of `to` what it is in `from`: the value, and everything that the views show of it. An item
