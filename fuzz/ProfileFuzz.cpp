@@ -1,7 +1,8 @@
 // The input is a profile's file. Whatever it holds, everything that a profile can tell is told; building the
-// option string settles in one step; a saved profile comes back as it was, but for an empty value, which
-// becomes the option's default, items whose IDs differ in letter case alone, which become one with the later
-// one's fields, and white space around texts; and saving that changes no byte.
+// option string settles in one step; each setting's arguments are told; a saved profile comes back as it was,
+// but for an empty value, which becomes the option's default, items whose IDs differ in letter case alone,
+// which become one with the later one's fields, and white space around texts; and saving that changes no
+// byte.
 #include <algorithm>
 #include <cstdint>
 #include <tuple>
@@ -9,8 +10,10 @@
 
 #include "fuzz/Law.h"
 #include "kmArgOption.h"
+#include "kmArguments.h"
 #include "kmCompare.h"
 #include "kmProfile.h"
+#include "kmSizeEstimate.h"
 #include "tests/faults/MemoryFileSystem.h"
 #include "text/Ascii.h"
 
@@ -69,6 +72,27 @@ void CheckOptionString(kmProfile profile, bool withAudio) {
     RequireSame(profile.GetAvcString(withAudio), options, "the option string settles in one step");
     Require(!profile.GetChangedFlag() && AreSame(profile.GetProfileItems(), items),
             "a settled profile is not corrected again");
+}
+
+// What a list tells of each setting adds up to the list, in every dialect.
+void CheckArguments(const kmProfile& profile) {
+    for (const KM_DIALECT dialect : {KM_DIALECT_OWN, KM_DIALECT_FFMPEG}) {
+        for (const bool hasAll : {false, true}) {
+            const kmArgumentList list = kmBuildArguments(profile, {dialect, hasAll, hasAll, hasAll});
+            Require(list.settings.size() == profile.GetProfileItems().size(), "every setting is explained");
+            std::size_t filters = 0, told = list.streams.size() + list.format.arguments.size();
+            for (const kmArgument& setting : list.settings) {
+                Require(setting.sentence.size() > 1, "every setting has a sentence");
+                told += setting.arguments.size();
+                filters += dialect != KM_DIALECT_OWN && setting.arguments.size() == 2 ? 1 : 0;
+            }
+            Require(list.arguments.size() <= told && told <= list.arguments.size() + 2 * filters,
+                    "the settings' arguments are the list's, filters joined");
+        }
+        static_cast<void>(kmFindMissingAbilities(profile, dialect, {}));
+    }
+    for (const std::int64_t size : {std::int64_t{-1}, std::int64_t{700} << 20, INT64_MAX})
+        static_cast<void>(kmFitVideoBitrate(profile, size, size, true));
 }
 
 kmString Trimmed(const kmString& text) {
@@ -154,6 +178,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     AskDerivedValues(profile);
     CheckOptionString(profile, /*withAudio=*/true);
     CheckOptionString(profile, /*withAudio=*/false);
+    CheckArguments(profile);
     CheckSaving(profile);
     return 0;
 }
