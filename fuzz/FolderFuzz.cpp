@@ -105,14 +105,12 @@ void CheckFiles(const Files& before, int mayLose) {
     for (const auto& [path, bytes] : now) Require(MayChange(path), "only profiles and icons are added", path);
 }
 
-// Listings pass over names that begin with ".".
-void CheckIsKnown(const kmString& id) {
-    if (id.front() == '.') return;
+bool IsKnown(const kmString& id) {
     const Icons icons(kmIconParser::GetInstance());
     Catalogue fresh;
     fresh.Load(kFolder);
-    Require(fresh.ProfileExist(id.c_str()), "a new load knows what was saved", kmUtf8FromText(id));
     static_cast<kmIconParser&>(kmIconParser::GetInstance()) = icons;
+    return fresh.ProfileExist(id.c_str());
 }
 
 // A system profile in the "user" subfolder has a "user" subfolder of its own there, which is another story.
@@ -125,6 +123,9 @@ void ChangeProfile(Input& input, kmProfile& profile) {
     const kmString newID = OneIn(input, 4) ? profile.GetID() : TakeID(input);
     const int choice = input.ConsumeIntegralInRange(0, 2);
     const bool overwrite = OneIn(input, 2);
+    // Listings pass over names that begin with "."; and a file without a header, which is only renamed, stays
+    // one.
+    const bool isListed = !newID.empty() && newID.front() != '.' && (choice != 1 || IsKnown(profile.GetID()));
     const Files before = memory::Files();
     const PROFILE_EERROR result = choice == 0   ? profile.Save(newID, overwrite)
                                   : choice == 1 ? profile.ReName(newID)
@@ -132,7 +133,8 @@ void ChangeProfile(Input& input, kmProfile& profile) {
     // A file that cannot be read is renamed all the same, and the result says that it failed.
     const bool mayLose = choice == 1 || (choice == 0 && result == PROFILE_ERROR_NONE);
     CheckFiles(before, mayLose ? 1 : 0);
-    if (result == PROFILE_ERROR_NONE) CheckIsKnown(newID.c_str());
+    if (result == PROFILE_ERROR_NONE && isListed)
+        Require(IsKnown(newID.c_str()), "a new load knows what was saved", kmUtf8FromText(newID));
 }
 
 void Load(Input& input, kmProfile& profile) {
