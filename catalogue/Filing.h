@@ -15,6 +15,15 @@
 #include "kmManager.h"
 #include "text/Ascii.h"
 
+// What became of one file.
+enum class FilingResult {
+    Taken,
+    TakenIntoNoGroup,  // a system profile whose file has groups, but none with a name
+    NoHeader,
+    SystemSkipped,
+    Filtered,
+};
+
 class kmManager::Filing {
 public:
     explicit Filing(kmManager& catalogue) : m_catalogue(catalogue) {}

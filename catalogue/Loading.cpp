@@ -3,10 +3,13 @@
 #include <utility>
 
 #include "catalogue/Filing.h"
+#include "catalogue/GroupOrder.h"
+#include "catalogue/LoadNotes.h"
 #include "document/DefaultFolder.h"
 #include "document/Format.h"
 #include "document/Header.h"
 #include "document/ProfileID.h"
+#include "icons/IconNotes.h"
 #include "kmIconParser.h"
 #include "kmManager.h"
 #include "platform/Files.h"
@@ -15,8 +18,7 @@
 
 namespace {
 
-// The group of system profiles whose files name none.
-constexpr const kmChar* kOthers = KM_TEXT("others");
+bool IsSilent(const LoadNotes* notes) { return notes != nullptr && notes->IsSilent(); }
 
 // A null stands for an entry without a name.
 std::vector<const kmChar*> GroupNamesOf(const XMLNode& group) {
@@ -40,6 +42,11 @@ void kmManager::Delete() {
 
 // The folder ends at its first null unit.
 bool kmManager::Load(const kmString& folder) {
+    LoadNoting(folder, nullptr);
+    return true;
+}
+
+void kmManager::LoadNoting(const kmString& folder, LoadNotes* notes) {
     kmString profilesFolder = folder.c_str();
     if (profilesFolder.empty()) profilesFolder = GetDefaultProfilesFolder();
     NormalizeFolder(profilesFolder);
@@ -49,29 +56,39 @@ bool kmManager::Load(const kmString& folder) {
     m_recentGroup.SetName(KM_TEXT("Recent"));
 
     Filing filing(*this);
-    ReadFolder(profilesFolder, /*skipSystem=*/false, filing);
-    ReadFolder(GetUserFolder(profilesFolder.c_str()), /*skipSystem=*/false, filing);
+    ReadFolder(profilesFolder, /*skipSystem=*/false, filing, notes);
+    ReadFolder(GetUserFolder(profilesFolder.c_str()), /*skipSystem=*/false, filing, notes);
     filing.Finish();
     if (m_iconParser == nullptr) m_iconParser = &kmIconParser::GetInstance();
-    m_iconParser->InitParser(m_profilesFolder.c_str());
+    IconNotes icons;
+    icons.isSilent = IsSilent(notes);
+    m_iconParser->InitNoting(m_profilesFolder.c_str(), icons);
+    if (notes != nullptr) notes->AddIcons(icons);
     Sort();
-    return true;
 }
 
 void kmManager::LoadProfile(const kmString& folder, bool skipSystem) {
     Filing filing(*this);
-    ReadFolder(folder, skipSystem, filing);
+    ReadFolder(folder, skipSystem, filing, nullptr);
     filing.Finish();
 }
 
-void kmManager::ReadFolder(const kmString& folder, bool skipSystem, Filing& filing) {
+void kmManager::ReadFolder(const kmString& folder, bool skipSystem, Filing& filing, LoadNotes* notes) {
     const InputFolder files(folder);
     std::vector<kmString> names;
+    ListingNotes listing;
+    const bool isComplete = files.List(format::kSuffix, names, notes == nullptr ? nullptr : &listing);
     // Part of the profiles is then missing, which must not pass unnoticed.
-    if (!files.List(format::kSuffix, names))
+    if (!isComplete && !IsSilent(notes))
         ReportXMLError(folder.c_str(), {XML_ERROR_FILE_NOT_FOUND, 0, 0}, format::kRoot);
+    if (notes != nullptr) notes->AddListing(folder, isComplete, listing);
     for (const kmString& name : names) {
-        AddDocument(name, XMLNode::OpenDocumentIn(files, name, format::kRoot), skipSystem, filing);
+        XMLParseResult result;
+        const XMLNode root = XMLNode::ParseDocumentIn(files, name, format::kRoot, result);
+        if (result.code != XML_ERROR_NONE && !IsSilent(notes))
+            ReportXMLError((folder + name).c_str(), result, format::kRoot);
+        const FilingResult filed = AddDocument(name, root, skipSystem, filing);
+        if (notes != nullptr) notes->AddFile(folder, name, result, filed);
     }
 }
 
@@ -82,12 +99,13 @@ void kmManager::AddProfileInfo(const kmString& fileName, const kmString& folder,
     filing.Finish();
 }
 
-void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem, Filing& filing) {
+FilingResult kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem,
+                                    Filing& filing) {
     const XMLNode main = root.FindChild(format::kMain);
-    if (main.IsEmpty()) return;
+    if (main.IsEmpty()) return FilingResult::NoHeader;
     kmProfileHeader header;
     ReadHeader(main, header);
-    if (header.isSystem && skipSystem) return;
+    if (header.isSystem && skipSystem) return FilingResult::SystemSkipped;
 
     kmProfileInfo info;
     info.m_id = ProfileIDOf(fileName);
@@ -98,7 +116,7 @@ void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool 
     if (!header.isSystem) {
         filing.AddToUserGroup(info.m_id);
         m_profiles.push_back(std::move(info));
-        return;
+        return FilingResult::Taken;
     }
 
     const XMLNode group = root.FindChild(format::kGroup);
@@ -106,12 +124,17 @@ void kmManager::AddDocument(const kmString& fileName, const XMLNode& root, bool 
     const auto canLoad = [&](const kmChar* name) {
         return CanLoad(info.m_id.c_str(), name == nullptr ? KM_TEXT("") : name);
     };
-    if (!groupNames.empty() && std::none_of(groupNames.begin(), groupNames.end(), canLoad)) return;
-    if (group.IsEmpty()) filing.AddToSystemGroup(kOthers, info.m_id);
+    if (!groupNames.empty() && std::none_of(groupNames.begin(), groupNames.end(), canLoad))
+        return FilingResult::Filtered;
+    bool isInGroup = group.IsEmpty();
+    if (isInGroup) filing.AddToSystemGroup(kOtherGroup, info.m_id);
     for (const kmChar* name : groupNames) {
-        if (name != nullptr) filing.AddToSystemGroup(name, info.m_id);
+        if (name == nullptr) continue;
+        filing.AddToSystemGroup(name, info.m_id);
+        isInGroup = true;
     }
     m_profiles.push_back(std::move(info));
+    return isInGroup ? FilingResult::Taken : FilingResult::TakenIntoNoGroup;
 }
 
 void kmManager::AddGroup(const kmProfileInfo& info, const kmChar* groupName) {

@@ -3,30 +3,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "catalogue/GroupOrder.h"
 #include "kmManager.h"
-#include "text/Ascii.h"
-
-namespace {
-
-constexpr const kmChar* kOrder[] = {
-    KM_TEXT("Common Video"),
-    KM_TEXT("Common Audio"),
-    KM_TEXT("Apple TV"),
-    KM_TEXT("HD Video"),
-    KM_TEXT("iPod"),
-    KM_TEXT("iPhone"),
-    KM_TEXT("Lossless Audio"),
-    KM_TEXT("Mobile Phone"),
-    KM_TEXT("Picture and Animation"),
-    KM_TEXT("Portable Multimedia Device"),
-    KM_TEXT("PS3"),
-    KM_TEXT("PSP"),
-    KM_TEXT("Wii and DS"),
-    KM_TEXT("Xbox HD Video"),
-    KM_TEXT("Zune"),
-};
-
-}  // namespace
 
 kmGroup* kmManager::FindSystemGroup(const kmChar* name) {
     const kmStringView wanted = name;
@@ -38,13 +16,13 @@ kmGroup* kmManager::FindSystemGroup(const kmChar* name) {
 // By swapping: the groups that are not listed stand wherever that leaves them.
 void kmManager::Sort() {
     std::size_t placed = 0;
-    for (const kmChar* name : kOrder) {
-        kmGroup* group = FindSystemGroup(name);
+    for (const kmStringView name : kGroupOrder) {
+        kmGroup* group = FindSystemGroup(name.data());
         if (group == nullptr) continue;
         if (group != &m_systemGroups[placed]) std::swap(*group, m_systemGroups[placed]);
         ++placed;
     }
-    kmGroup* others = FindSystemGroup(KM_TEXT("others"));
+    kmGroup* others = FindSystemGroup(kOtherGroup);
     if (others != nullptr && others != &m_systemGroups.back()) std::swap(*others, m_systemGroups.back());
     ++m_groupChanges;
 }

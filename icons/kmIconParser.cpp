@@ -2,6 +2,7 @@
 #include "kmIconParser.h"
 
 #include "document/Format.h"
+#include "icons/IconNotes.h"
 #include "text/Folders.h"
 #include "text/Numbers.h"
 #include "xml/XMLNode.h"
@@ -29,6 +30,10 @@ struct Settings {
     }
 };
 
+bool NamesAnIcon(const kmChar* id, const kmChar* image) {
+    return id != nullptr && *id != 0 && image != nullptr;
+}
+
 template <class Add>
 void ForEachIcon(const XMLNode& element, Add add) {
     for (int i = 0; i < element.CountChildren(); ++i) {
@@ -39,6 +44,15 @@ void ForEachIcon(const XMLNode& element, Add add) {
     }
 }
 
+XMLNode Open(IconFileNotes& file, bool isSilent) {
+    constexpr const kmChar* kFirstTag = KM_TEXT("items");
+    file.wasTried = true;
+    XMLNode root = XMLNode::ParseDocumentFile(file.path.c_str(), kFirstTag, &file.result);
+    if (file.result.code != XML_ERROR_NONE && !isSilent)
+        ReportXMLError(file.path.c_str(), file.result, kFirstTag);
+    return root;
+}
+
 }  // namespace
 
 kmIconParser::kmIconParser() = default;
@@ -47,34 +61,44 @@ kmIconParser::~kmIconParser() = default;
 kmIconParser& kmIconParser::GetInstance() { return m_signleInstance; }
 
 void kmIconParser::InitParser(const kmChar* folder) {
+    IconNotes notes;
+    InitNoting(folder, notes);
+}
+
+void kmIconParser::InitNoting(const kmChar* folder, IconNotes& notes) {
     m_groupIcons.clear();
     m_profileIcons.clear();
     if (folder == nullptr || *folder == 0) return;
     m_profilesFolder = folder;
     NormalizeFolder(m_profilesFolder);
+    notes.index.path = m_profilesFolder + KM_TEXT("pficon.con");
+    notes.user.path = GetUserProfileIconfile();
+    ReadFiles(notes);
+}
 
-    const auto addTo = [this](bool group) {
-        return [this, group](const kmChar* id, const kmChar* image, std::int32_t index) {
+void kmIconParser::ReadFiles(IconNotes& notes) {
+    const auto addTo = [this](bool group, IconFileNotes& file) {
+        return [this, group, &file](const kmChar* id, const kmChar* image, std::int32_t index) {
+            if (!NamesAnIcon(id, image)) ++file.entriesLeftOut;
             AddItem(id, image, index, group);
         };
     };
-    const kmString indexFile = m_profilesFolder + KM_TEXT("pficon.con");
-    const XMLNode items = XMLNode::OpenDocument(indexFile.c_str(), KM_TEXT("items"));
+    const XMLNode items = Open(notes.index, notes.isSilent);
     if (items.IsEmpty()) return;
     const XMLNode groups = items.FindChild(KM_TEXT("groups"));
     Settings{m_groupSingleImage, m_groupIconWidth, m_groupIconHeight, m_groupTransColor}.Read(groups);
-    ForEachIcon(groups, addTo(true));
+    ForEachIcon(groups, addTo(true, notes.index));
     const XMLNode profiles = items.FindChild(KM_TEXT("profiles"));
     Settings{m_profileSingleImage, m_profileIconWidth, m_profileIconHeight, m_profileTransColor}.Read(
         profiles);
-    ForEachIcon(profiles, addTo(false));
+    ForEachIcon(profiles, addTo(false, notes.index));
 
-    const XMLNode userItems = XMLNode::OpenDocument(GetUserProfileIconfile().c_str(), KM_TEXT("items"));
-    ForEachIcon(userItems.FindChild(KM_TEXT("user_pf")), addTo(false));
+    const XMLNode userItems = Open(notes.user, notes.isSilent);
+    ForEachIcon(userItems.FindChild(KM_TEXT("user_pf")), addTo(false, notes.user));
 }
 
 void kmIconParser::AddItem(const kmChar* id, const kmChar* image, std::int32_t index, bool group) {
-    if (id == nullptr || *id == 0 || image == nullptr) return;
+    if (!NamesAnIcon(id, image)) return;
     (group ? m_groupIcons : m_profileIcons)[id] = Icon(image, index);
 }
 

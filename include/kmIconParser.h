@@ -8,6 +8,8 @@
 #include "kmExport.h"
 #include "kmTypes.h"
 
+struct IconNotes;
+
 // Which image file and which icon in it belong to a profile or a group; draws nothing and opens no image. One
 // object a process, filled by InitParser. IDs are compared exactly; for one without an entry the entry
 // "default" answers. In every operation `group` chooses the table: true for groups, false for profiles. One
@@ -46,9 +48,14 @@ protected:
     virtual ~kmIconParser();
 
 private:
+    friend class kmManager;
+
     using Icon = std::pair<kmString, std::int32_t>;
     using Table = std::map<kmString, Icon>;
     struct IconFile;
+
+    void InitNoting(const kmChar* folder, IconNotes& notes);
+    void ReadFiles(IconNotes& notes);
 
     void AddItem(const kmChar* id, const kmChar* image, std::int32_t index, bool group);
     kmString GetUserProfileIconfile() const;

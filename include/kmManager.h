@@ -8,8 +8,11 @@
 #include "kmProfileInfo.h"
 #include "kmTypes.h"
 
-class kmIconParser;
+class LoadNotes;
 class XMLNode;
+class kmIconParser;
+enum class FilingResult;
+struct kmLoadReport;
 
 // All profiles of a profiles folder and of its "user" subfolder, in groups. One object a process, empty until
 // Load. Owns its records and groups; references and pointers to them live until the container that holds them
@@ -92,13 +95,16 @@ private:
         void* userData;
     };
     class Filing;
+    friend KM_EXPORT kmLoadReport kmLoadWithReport(kmManager& manager, const kmString& folder);
+    friend KM_EXPORT kmLoadReport kmReportLoad(const kmString& folder);
 
     bool InVector(const kmString& text, const std::vector<kmString>& list) const;
     void NotifyChanged(PROFILE_CHANGED_TYPE type, const kmChar* firstID, const kmChar* secondID);
 
     std::vector<kmProfileInfo>::const_iterator FindRecord(const kmChar* id) const;
-    void ReadFolder(const kmString& folder, bool skipSystem, Filing& filing);
-    void AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem, Filing& filing);
+    void LoadNoting(const kmString& folder, LoadNotes* notes);
+    void ReadFolder(const kmString& folder, bool skipSystem, Filing& filing, LoadNotes* notes);
+    FilingResult AddDocument(const kmString& fileName, const XMLNode& root, bool skipSystem, Filing& filing);
     kmGroup* FindSystemGroup(const kmChar* name);
     bool OwnsText(const kmChar* text) const;
     void ForgetRenamed(const kmString& newID, const kmString& oldID);

@@ -62,9 +62,10 @@ private:
 
 // Calls `take` with every entry; false when the listing broke off.
 template <class Take>
-bool ForEachEntry(const InputFolder& folder, Take take) {
+bool ForEachEntry(const InputFolder& folder, Take take, bool& hasBegun) {
     Listing listing(folder);
-    if (!listing.HasBegun()) return !listing.HasFolder();
+    hasBegun = listing.HasBegun();
+    if (!hasBegun) return !listing.HasFolder();
     machine::Entry entry;
     machine::ListStep step = machine::ListStep::Entry;
     while ((step = listing.Next(entry)) == machine::ListStep::Entry) take(entry);
@@ -79,11 +80,12 @@ bool EndsNoCase(kmStringView name, kmStringView suffix) {
 void RemoveAbandonedFiles(kmStringView path) {
     const InputFolder folder(kmString(path.substr(0, path.rfind(KM_TEXT('\\')) + 1)));
     std::vector<kmString> names;
-    const bool isComplete = ForEachEntry(folder, [&names](const machine::Entry& entry) {
+    bool hasBegun = false;
+    const auto take = [&names](const machine::Entry& entry) {
         const kmStringView name = entry.name;
         if (name.starts_with(kTemporaryStart) && name.ends_with(kTemporaryEnd)) names.push_back(entry.name);
-    });
-    if (!isComplete) return;  // a disk that fails is no place to tidy up
+    };
+    if (!ForEachEntry(folder, take, hasBegun)) return;  // a disk that fails is no place to tidy up
     for (const kmString& name : names) {
         machine::RemoveAbandoned(folder.Handle(), folder.Path(), name, kAbandonedAfter);
     }
@@ -264,14 +266,26 @@ InputFolder::~InputFolder() {
     if (m_handle != kNoHandle) machine::CloseFolder(m_handle);
 }
 
-bool InputFolder::List(kmStringView suffix, std::vector<kmString>& names) const {
+bool InputFolder::List(kmStringView suffix, std::vector<kmString>& names, ListingNotes* notes) const {
     names.clear();
-    const bool isComplete = ForEachEntry(*this, [&](const machine::Entry& entry) {
-        if (entry.kind == Kind::Folder || entry.kind == Kind::Other || entry.name.front() == KM_TEXT('.'))
-            return;
-        if (EndsNoCase(entry.name, suffix)) names.push_back(entry.name);
-    });
-    if (!machine::kListsInOrder) std::sort(names.begin(), names.end(), NameLess);
+    bool hasBegun = false;
+    const auto take = [&](const machine::Entry& entry) {
+        if (!EndsNoCase(entry.name, suffix)) return;
+        const bool isHidden = entry.name.front() == KM_TEXT('.');
+        if (!isHidden && entry.kind != Kind::Folder && entry.kind != Kind::Other) {
+            names.push_back(entry.name);
+        } else if (notes != nullptr) {
+            notes->passed.push_back({entry.name, isHidden});
+        }
+    };
+    const bool isComplete = ForEachEntry(*this, take, hasBegun);
+    if (notes != nullptr) notes->hasBegun = hasBegun;
+    if (machine::kListsInOrder) return isComplete;
+    std::sort(names.begin(), names.end(), NameLess);
+    if (notes != nullptr) {
+        std::sort(notes->passed.begin(), notes->passed.end(),
+                  [](const PassedEntry& a, const PassedEntry& b) { return NameLess(a.name, b.name); });
+    }
     return isComplete;
 }
 

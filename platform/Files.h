@@ -11,6 +11,18 @@
 #include "platform/FileSystem.h"
 #include "text/Ascii.h"
 
+// What a listing passed over although its name has the suffix.
+struct PassedEntry {
+    kmString name;
+    bool isHidden;  // begins with "."; otherwise it is no file: a folder, a pipe, a device
+};
+
+// What a listing says besides the names.
+struct ListingNotes {
+    bool hasBegun = false;  // false: there is no such folder, or it may not be listed
+    std::vector<PassedEntry> passed;
+};
+
 // A folder whose files are read one after the other, found once.
 class InputFolder {
 public:
@@ -25,8 +37,8 @@ public:
 
     // Replaces `names` by the names of the files that end in `suffix` in any letter case; nothing that begins
     // with ".". In the order of the library's home system. False when the listing broke off: `names` then
-    // holds what came before.
-    bool List(kmStringView suffix, std::vector<kmString>& names) const;
+    // holds what came before. `notes`, when not null, learns the rest.
+    bool List(kmStringView suffix, std::vector<kmString>& names, ListingNotes* notes = nullptr) const;
 
 private:
     kmString m_path;

@@ -68,12 +68,10 @@ XMLNode XMLNode::OpenDocument(const kmChar* path, const kmChar* firstTag) {
     return node;
 }
 
-XMLNode XMLNode::OpenDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag) {
+XMLNode XMLNode::ParseDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag,
+                                 XMLParseResult& result) {
     InputFile file;
-    XMLParseResult result;
-    XMLNode node = ParseFile(file, file.Open(folder, name), firstTag, result);
-    if (result.code != XML_ERROR_NONE) ReportXMLError((folder.Path() + name).c_str(), result, firstTag);
-    return node;
+    return ParseFile(file, file.Open(folder, name), firstTag, result);
 }
 
 XMLNode XMLNode::ParseDocumentFile(const kmChar* path, const kmChar* firstTag, XMLParseResult* result) {

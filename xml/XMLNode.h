@@ -26,12 +26,13 @@ public:
     // or a warning goes to the message handler, by default to standard output.
     static XMLNode OpenDocument(const kmChar* path, const kmChar* firstTag);
 
-    // The same for a file that a listing of `folder` names.
-    static XMLNode OpenDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag);
-
     // The same without the message; `result`, when not null, tells what happened.
     static XMLNode ParseDocumentFile(const kmChar* path, const kmChar* firstTag,
                                      XMLParseResult* result = nullptr);
+
+    // The same for a file that a listing of `folder` names.
+    static XMLNode ParseDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag,
+                                   XMLParseResult& result);
 
     // The same for a text in memory, which is copied.
     static XMLNode ParseDocumentText(const kmChar* text, const kmChar* firstTag,

@@ -1,9 +1,10 @@
 // The filter lists live as long as the process, so every row has one of its own.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
 
-#include "kmManager.h"
+#include "kmLoadReport.h"
 #include "tests/support/Messages.h"
 #include "tests/support/ProfilesFolder.h"
 
@@ -32,7 +33,12 @@ int PrintTaken(const FilterCase& row) {
     for (const auto& [ids, groups] : {row.first, row.later}) {
         catalogue.SetIDFilter(Text(ids).c_str());
         catalogue.SetGroupFilter(Text(groups).c_str());
-        catalogue.Load(folder.Path());
+        const kmLoadReport report = kmLoadWithReport(catalogue, folder.Path());
+        const auto filtered =
+            std::count_if(report.findings.begin(), report.findings.end(),
+                          [](const kmLoadFinding& finding) { return finding.fault == LOAD_FAULT_FILTERED; });
+        if (report.taken.size() + static_cast<std::size_t>(filtered) != 5)
+            std::cerr << "not all in the report";
         for (const kmProfileInfo& info : catalogue.GetProfiles()) std::cerr << Utf8(info.GetID());
         std::cerr << catalogue.GetSystemGroups().size() << ";";
     }
