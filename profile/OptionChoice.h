@@ -36,6 +36,13 @@ inline bool IsDefault(const Option& option, kmStringView value) {
     return (option.flags & ARG_LOWER_TEXT) != 0 ? value == option.defVal : EqualNoCase(value, option.defVal);
 }
 
+// Whether the target decides what comes after it.
+inline bool IsDiscTarget(kmStringView target) {
+    constexpr kmStringView kDiscTargets[] = {KM_TEXT("DVD"), KM_TEXT("VCD"), KM_TEXT("SVCD")};
+    return std::any_of(std::begin(kDiscTargets), std::end(kDiscTargets),
+                       [target](kmStringView disc) { return EqualNoCase(disc, target); });
+}
+
 // Takes the settings of one profile in their order, because a disc target decides what comes after it.
 class OptionChooser {
 public:
@@ -61,14 +68,9 @@ private:
         }
         if ((option.traits & TRAIT_HELD_BACK) != 0) return OptionChoice::HeldBack;
         if ((option.traits & TRAIT_TARGET) != 0) m_target = value;
-        if ((option.traits & TRAIT_SET_BY_TARGET) != 0 && IsDiscTarget()) return OptionChoice::SetByTarget;
+        if ((option.traits & TRAIT_SET_BY_TARGET) != 0 && IsDiscTarget(m_target))
+            return OptionChoice::SetByTarget;
         return IsDefault(option, value) ? OptionChoice::Default : OptionChoice::Value;
-    }
-
-    bool IsDiscTarget() const {
-        constexpr kmStringView kDiscTargets[] = {KM_TEXT("DVD"), KM_TEXT("VCD"), KM_TEXT("SVCD")};
-        return std::any_of(std::begin(kDiscTargets), std::end(kDiscTargets),
-                           [this](kmStringView disc) { return EqualNoCase(disc, m_target); });
     }
 
     bool m_withAudio;

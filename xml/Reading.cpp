@@ -8,6 +8,7 @@
 #include "text/Encoding.h"
 #include "xml/Document.h"
 #include "xml/Limits.h"
+#include "xml/LineTable.h"
 #include "xml/Parser.h"
 #include "xml/XMLNode.h"
 
@@ -74,19 +75,21 @@ XMLNode XMLNode::ParseDocumentIn(const InputFolder& folder, const kmString& name
     return ParseFile(file, file.Open(folder, name), firstTag, result);
 }
 
-XMLNode XMLNode::ParseDocumentFile(const kmChar* path, const kmChar* firstTag, XMLParseResult* result) {
+XMLNode XMLNode::ParseDocumentFile(const kmChar* path, const kmChar* firstTag, XMLParseResult* result,
+                                   LineTable* lines) {
     InputFile file;
     XMLParseResult outcome;
-    XMLNode node = ParseFile(file, path != nullptr && file.Open(path), firstTag, outcome);
+    XMLNode node = ParseFile(file, path != nullptr && file.Open(path), firstTag, outcome, lines);
     if (result != nullptr) *result = outcome;
     return node;
 }
 
-XMLNode XMLNode::ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result) {
+XMLNode XMLNode::ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result,
+                           LineTable* lines) {
     FileText text = LoadText(file, isOpen);
     result.code = text.code;
     if (!text.document) return {};
-    return ParseOwned(std::move(text.document), text.text, firstTag, result);
+    return ParseOwned(std::move(text.document), text.text, firstTag, result, lines);
 }
 
 XMLNode XMLNode::ParseDocumentText(const kmChar* text, const kmChar* firstTag, XMLParseResult* result) {
@@ -106,7 +109,8 @@ XMLNode XMLNode::ParseDocumentText(const kmChar* text, const kmChar* firstTag, X
 }
 
 XMLNode XMLNode::ParseOwned(DocumentHandle document, kmChar* text, const kmChar* firstTag,
-                            XMLParseResult& result) {
+                            XMLParseResult& result, LineTable* lines) {
+    if (lines != nullptr) lines->Read(text);
     Element* root = ParseContent(*document, text, result);
     if (result.code > XML_WARNING_NO_TAG) return {};
     const bool holdsOneElement = root->childCount == 1 && root->first == root->last;

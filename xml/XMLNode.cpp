@@ -166,6 +166,13 @@ const kmChar* XMLNode::TextAt(int index) const {
     return text == nullptr ? nullptr : text->text;
 }
 
+const kmChar* XMLNode::FirstRaw() const {
+    if (IsEmpty()) return nullptr;
+    const Content* content = m_element->first;
+    while (content != nullptr && content->kind != ContentKind::Raw) content = content->next;
+    return content == nullptr ? nullptr : content->text;
+}
+
 const kmChar* XMLNode::FindAttribute(const kmChar* name, int* position) const {
     if (IsEmpty()) return nullptr;
     const std::uint32_t index = IndexOfAttribute(*m_element, name, StartOf(position));

@@ -11,6 +11,8 @@
 #include "xml/Document.h"
 #include "xml/Messages.h"
 
+class LineTable;
+
 // Refers to an element, or to nothing (the empty node). Copies refer to the same element; a tree lives as
 // long as any handle to any of its elements. Every operation works on the empty node too: queries answer 0,
 // null or the empty node, changes do nothing. Names are compared without regard to ASCII case; a null name
@@ -26,9 +28,10 @@ public:
     // or a warning goes to the message handler, by default to standard output.
     static XMLNode OpenDocument(const kmChar* path, const kmChar* firstTag);
 
-    // The same without the message; `result`, when not null, tells what happened.
+    // The same without the message; `result`, when not null, tells what happened, and `lines` where the
+    // pieces of the tree stand.
     static XMLNode ParseDocumentFile(const kmChar* path, const kmChar* firstTag,
-                                     XMLParseResult* result = nullptr);
+                                     XMLParseResult* result = nullptr, LineTable* lines = nullptr);
 
     // The same for a file that a listing of `folder` names.
     static XMLNode ParseDocumentIn(const InputFolder& folder, const kmString& name, const kmChar* firstTag,
@@ -59,6 +62,9 @@ public:
     XMLNode FindChild(const kmChar* name, int* position = nullptr) const;
 
     const kmChar* TextAt(int index) const;
+
+    // What the first comment, or other section that stays as it is, holds; null without one.
+    const kmChar* FirstRaw() const;
 
     // The value of the first attribute of that name, walked like FindChild; null also when it has no value.
     const kmChar* FindAttribute(const kmChar* name, int* position = nullptr) const;
@@ -115,9 +121,10 @@ private:
         : m_document(std::move(document)), m_element(element) {}
     XMLNode Handle(Element* element) const;
     static XMLNode FindFirstTag(XMLNode node, const kmChar* firstTag);
-    static XMLNode ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result);
+    static XMLNode ParseFile(InputFile& file, bool isOpen, const kmChar* firstTag, XMLParseResult& result,
+                             LineTable* lines = nullptr);
     static XMLNode ParseOwned(DocumentHandle document, kmChar* text, const kmChar* firstTag,
-                              XMLParseResult& result);
+                              XMLParseResult& result, LineTable* lines = nullptr);
 
     DocumentHandle m_document;
     Element* m_element = nullptr;  // of the document; of no meaning without one

@@ -47,8 +47,6 @@ TEST(LoadReport, SaysWhatTheLoadDid) {
     const struct { const char* fault; Files files; const char* expected; } rows[] = {
         {"finding_without_a_fault", {{"a.pf", user}, {"user\\b.pf", user}}, ""},
         {"position_lost", {{"a.pf", "<Profiles>\n <"}}, "xml-error a.pf:2:3;"},
-        {"other_first_element_silent", {{"a.pf", "<Profile/>"}}, "xml-error a.pf;"},
-        {"empty_file_silent", {{"a.pf", ""}}, "xml-error a.pf;"},
         {"warning_called_left_out", {{"a.pf", "<Profiles><Main>"}}, "xml-warning+ a.pf:1:17;"},
         {"missing_header_silent", {{"a.pf", "<Profiles/>"}}, "no-header a.pf;"},
         {"missing_header_hides_the_warning", {{"a.pf", "<Profiles>"}}, "xml-warning+ a.pf:1:11;no-header a.pf;"},
@@ -84,15 +82,6 @@ TEST(LoadReport, SaysWhatTheLoadDid) {
         EXPECT_EQ(TakenIDs(report), Records(catalogue.GetProfiles()));
         EXPECT_EQ(Records(ordinary.GetProfiles()), Records(catalogue.GetProfiles()));
     }
-}
-
-TEST(LoadReport, TellsOfFoldersThatAreNotThere) {
-    const ProfilesFolder folder;
-    EXPECT_EQ(Dump(kmReportLoad(folder.Path())), "no-icons pficon.con;") << "user_folder_missed";
-    EXPECT_EQ(Dump(kmReportLoad(folder.Path(KM_TEXT("x")))), "folder-missing ;no-icons pficon.con;");
-    folder.WriteBytes(KM_TEXT("user"), "");
-    EXPECT_EQ(Dump(kmReportLoad(folder.Path())), "folder-unreadable user/;no-icons pficon.con;")
-        << "file_in_the_place_of_a_folder";
 }
 
 TEST(LoadReport, LeavesTheCatalogueOfTheProcessAlone) {
