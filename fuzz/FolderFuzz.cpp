@@ -9,6 +9,8 @@
 #include "fuzz/Law.h"
 #include "fuzzer/FuzzedDataProvider.h"
 #include "kmIconParser.h"
+#include "kmLint.h"
+#include "kmLoadReport.h"
 #include "kmManager.h"
 #include "kmProfile.h"
 #include "kmProfileFile.h"
@@ -167,6 +169,17 @@ void ChangeCatalogue(Input& input, kmProfile& /*profile*/) {
     }
 }
 
+// Whatever a load leaves out has a finding, and advice changes nothing.
+void CheckAdvice() {
+    const Files before = memory::Files();
+    std::set<kmString> paths;
+    for (const kmLintFinding& finding : kmLintFolder(kFolder)) paths.insert(finding.path);
+    for (const kmLoadFinding& finding : kmReportLoad(kFolder).findings)
+        Require(finding.isUsed || paths.count(finding.path) != 0, "what is left out is found",
+                kmUtf8FromText(finding.path));
+    Require(memory::Files() == before, "advice changes no file");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -177,5 +190,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     kmProfile profile;
     for (int steps = 0; steps < 20 && input.remaining_bytes() > 0; ++steps)
         input.PickValueInArray({Load, ChangeProfile, ChangeCatalogue})(input, profile);
+    CheckAdvice();
     return 0;
 }

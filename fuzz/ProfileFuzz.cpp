@@ -12,6 +12,7 @@
 #include "kmArgOption.h"
 #include "kmArguments.h"
 #include "kmCompare.h"
+#include "kmLint.h"
 #include "kmProfile.h"
 #include "kmSizeEstimate.h"
 #include "tests/faults/MemoryFileSystem.h"
@@ -163,6 +164,17 @@ void CheckSaving(kmProfile& profile) {
     CheckSavingAgain(saved, isWhole);
 }
 
+// A file is either loaded or has a finding that says why not.
+void CheckAdvice(bool isLoaded) {
+    bool isRefused = false;
+    for (const kmLintFinding& finding : kmLintFile(kFolder + KM_TEXT("x.pf"))) {
+        isRefused = isRefused || finding.code == LINT_XML_ERROR || finding.code == LINT_UNREADABLE_FILE ||
+                    finding.code == LINT_NO_HEADER;
+        Require((finding.line > 0) == (finding.column > 0), "a place has a line and a column");
+    }
+    Require(isLoaded != isRefused, "a file is loaded or it is said why not");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -172,6 +184,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     profile.SetID(KM_TEXT("x"));
     const bool isLoaded = profile.Load(kFolder);
     Require(isLoaded || profile.GetProfileItems().empty(), "a failed load leaves no items");
+    CheckAdvice(isLoaded);
     if (!isLoaded) return 0;
     Require(kmCompareWithFile(profile).result == FILE_COMPARISON_EQUAL, "loading is no change");
     AskItems(profile);
