@@ -6,6 +6,8 @@
 #include "kmExport.h"
 #include "kmTypes.h"
 
+KM_CLASSES_BEGIN
+
 // A name and the IDs of the group's profiles in the order in which they were added; owns both.
 class KM_EXPORT kmGroup {
 public:
@@ -31,3 +33,5 @@ private:
     kmString m_name;
     std::vector<kmString> m_profileIDs;
 };
+
+KM_CLASSES_END

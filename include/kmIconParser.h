@@ -10,6 +10,8 @@
 
 struct IconNotes;
 
+KM_CLASSES_BEGIN
+
 // Which image file and which icon in it belong to a profile or a group; draws nothing and opens no image. One
 // object a process, filled by InitParser. IDs are compared exactly; for one without an entry the entry
 // "default" answers. In every operation `group` chooses the table: true for groups, false for profiles. One
@@ -78,3 +80,5 @@ private:
     kmString m_profileTransColor = KM_TEXT("RGB(0, 0, 0)");
     kmString m_profilesFolder;
 };
+
+KM_CLASSES_END

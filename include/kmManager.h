@@ -14,6 +14,8 @@ class kmIconParser;
 enum class FilingResult;
 struct kmLoadReport;
 
+KM_CLASSES_BEGIN
+
 // All profiles of a profiles folder and of its "user" subfolder, in groups. One object a process, empty until
 // Load. Owns its records and groups; references and pointers to them live until the container that holds them
 // changes: by a load, an addition, a deletion or a reported change. No locks: one thread at a time. Failures
@@ -126,3 +128,5 @@ private:
     std::vector<Callback> m_callbacks;
     unsigned m_groupChanges = 0;  // how often system groups came or went
 };
+
+KM_CLASSES_END

@@ -11,6 +11,8 @@
 
 class XMLNode;
 
+KM_CLASSES_BEGIN
+
 // The header and the settings of one encoding profile, the settings in file order. Owned by whoever creates
 // it; owns its items by value; one thread at a time; failures are results, never exceptions. Items are found
 // by their exact ID; a null ID finds none.
@@ -193,3 +195,5 @@ private:
     kmString m_folder;
     bool m_changedFlag = false;
 };
+
+KM_CLASSES_END

@@ -4,6 +4,8 @@
 #include "kmExport.h"
 #include "kmTypes.h"
 
+KM_CLASSES_BEGIN
+
 // One record of the catalogue; owns its texts. While it describes a system profile, the setters of texts do
 // nothing; assignment and SetIsSystem always work.
 class KM_EXPORT kmProfileInfo {
@@ -42,3 +44,5 @@ private:
     bool m_isSystem = false;
     kmString m_extName;
 };
+
+KM_CLASSES_END

@@ -7,6 +7,8 @@
 #include "kmExport.h"
 #include "kmTypes.h"
 
+KM_CLASSES_BEGIN
+
 // An encoder option with its value and what the two editing views, the simple and the advanced one, need to
 // show it. A value class: owns all its texts and lists. Setters check nothing and touch no other field. The
 // lists of one view are meant to have the same length; nothing enforces it. One thread at a time.
@@ -103,3 +105,5 @@ private:
     std::vector<kmString> m_simpleCandidatesDisplay;
     std::vector<kmString> m_simpleCandidatesValue;
 };
+
+KM_CLASSES_END
