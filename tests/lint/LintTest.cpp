@@ -268,10 +268,10 @@ TEST(Lint, OfOneProfileIsThatOfItsFile) {
 // But for what they show on purpose: two corrections, and what a target leaves alone.
 TEST(Lint, SamplesAreRight) {
     const ProfilesFolder folder;
-    std::filesystem::copy(std::filesystem::path(KM_SOURCE_DIR) / "samples/Profiles", folder.SystemPath(),
-                          std::filesystem::copy_options::recursive);
+    std::filesystem::copy(std::filesystem::path(KM_SOURCE_DIR) / "samples/Profiles",
+                          folder.SystemPath(KM_TEXT("p")), std::filesystem::copy_options::recursive);
     std::map<std::string, int> counts;
-    for (const kmLintFinding& lint : kmLintFolder(folder.Path()))
+    for (const kmLintFinding& lint : kmLintFolder(folder.Path(KM_TEXT("p"))))
         if (lint.severity != LINT_NOTE) ++counts[lint.name];
     EXPECT_EQ(counts, (std::map<std::string, int>{{"before-target", 8}, {"corrected-value", 2}}));
 }
