@@ -2,6 +2,7 @@
 // "user" subfolder is ever written or removed, and in them only profiles and the user's icons; after a save
 // or a renaming that succeeded a new load of the folder knows the profile; no ID stands twice in a group of
 // system profiles.
+#include <algorithm>
 #include <regex>
 #include <set>
 #include <vector>
@@ -14,7 +15,9 @@
 #include "kmManager.h"
 #include "kmProfile.h"
 #include "kmProfileFile.h"
+#include "kmProfileID.h"
 #include "tests/faults/MemoryFileSystem.h"
+#include "text/Ascii.h"
 
 namespace {
 
@@ -115,6 +118,14 @@ bool IsKnown(const kmString& id) {
     return fresh.ProfileExist(id.c_str());
 }
 
+// Whether a load takes the profile's own file.
+bool IsTaken(const kmProfile& profile) {
+    const kmString path = kmProfilePath(kmFolderOf(profile), profile.GetID());
+    const std::vector<kmString> taken = kmReportLoad(kFolder).taken;
+    return std::any_of(taken.begin(), taken.end(),
+                       [&path](const kmString& each) { return EqualNoCase(each, path); });
+}
+
 // A system profile in the "user" subfolder has a "user" subfolder of its own there, which is another story.
 bool StoresElsewhere(const kmProfile& profile) {
     return profile.IsSystem() && kmFolderOf(profile) != kFolder;
@@ -125,9 +136,9 @@ void ChangeProfile(Input& input, kmProfile& profile) {
     const kmString newID = OneIn(input, 4) ? profile.GetID() : TakeID(input);
     const int choice = input.ConsumeIntegralInRange(0, 2);
     const bool overwrite = OneIn(input, 2);
-    // Listings pass over names that begin with "."; and a file without a header, which is only renamed, stays
-    // one.
-    const bool isListed = !newID.empty() && newID.front() != '.' && (choice != 1 || IsKnown(profile.GetID()));
+    // Listings pass over names that begin with "."; and a file that no load takes, such as one without a
+    // header, can only be renamed, and stays one.
+    const bool isListed = !newID.empty() && newID.front() != '.' && (choice != 1 || IsTaken(profile));
     const Files before = memory::Files();
     const PROFILE_EERROR result = choice == 0   ? profile.Save(newID, overwrite)
                                   : choice == 1 ? profile.ReName(newID)
