@@ -2,7 +2,7 @@
 #include "kmArguments.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
 
 #include "arguments/Dialect.h"
 #include "arguments/HeldBackValue.h"
@@ -65,6 +65,7 @@ public:
     kmArgumentList Build() {
         TakeSettings();
         m_codec = ValueOfOther(KM_TEXT("vcodec"));
+        m_hasDuration = m_profile.ItemExist(KM_TEXT("t"));
         OptionChooser chooser(m_request.withAudio);
         for (kmArgument& setting : m_list.settings)
             Decide(setting, chooser.Choose(setting.id, Counted(setting)));
@@ -123,7 +124,7 @@ private:
     }
 
     void WriteHeldBack(kmArgument& setting, const ChosenOption& chosen) {
-        if (chosen.option->name == KM_TEXT("pt") && m_profile.ItemExist(KM_TEXT("t"))) {
+        if (chosen.option->name == KM_TEXT("pt") && m_hasDuration) {
             setting.fate = ARGUMENT_COVERED;
             return;
         }
@@ -201,9 +202,11 @@ private:
         return kmString(row == nullptr ? value : row->translated);
     }
 
-    kmString UseOther(kmStringView name) {
-        m_used.insert(kmString(name));
-        return ValueOfOther(name);
+    // Looked for once, however many settings use it.
+    const kmString& UseOther(kmStringView name) {
+        const auto [used, isNew] = m_used.try_emplace(kmString(name));
+        if (isNew) used->second = ValueOfOther(name);
+        return used->second;
     }
 
     // What stands in another setting's arguments is not lost.
@@ -284,8 +287,9 @@ private:
     std::vector<kmString> m_why;  // of each setting: why it was translated or dropped
     Correction m_correction;
     kmString m_codec;
-    std::set<kmString> m_used;  // options whose values stand in the arguments of others
-    GrowingText m_string;       // what the option string holds, which decides how it ends
+    bool m_hasDuration = false;           // "t", which decides instead of "pt"
+    std::map<kmString, kmString> m_used;  // options whose values stand in the arguments of others
+    GrowingText m_string;                 // what the option string holds, which decides how it ends
 };
 
 }  // namespace

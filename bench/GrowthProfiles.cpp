@@ -7,6 +7,7 @@
 #include "bench/Folder.h"
 #include "bench/GrowthCases.h"
 #include "document/Format.h"
+#include "kmArguments.h"
 #include "kmFolders.h"
 #include "kmManager.h"
 #include "kmProfile.h"
@@ -136,6 +137,17 @@ GrowthStep Sharing(std::vector<kmProfileItem> items, std::size_t count) {
             }};
 }
 
+// Each of these settings stands with the value of another one in its arguments, which comes last.
+GrowthStep Translating(std::size_t count) {
+    const auto profile = std::make_shared<kmProfile>();
+    profile->GetProfileItems().assign(count, ItemOf(KM_TEXT("padtop"), {KM_TEXT("2")}));
+    profile->GetProfileItems().push_back(ItemOf(KM_TEXT("padcolor"), {KM_TEXT("ff0000")}));
+    return {count, [profile] {
+                const kmArgumentList list = kmBuildArguments(*profile, {KM_DIALECT_FFMPEG});
+                Check(list.settings.back().fate == ARGUMENT_COVERED);
+            }};
+}
+
 GrowthStep ReReading(Naming nameOf, std::size_t count) {
     XMLNode root = EmptyProfile();
     root.FindChild(format::kMain).AppendChild(KM_TEXT("IsSysProfile"), false).SetText(format::kYes, 0);
@@ -179,6 +191,7 @@ std::vector<GrowthCase> ProfileCases() {
             }
         }
     }
+    cases.push_back({"settings that use another one, as arguments", Translating});
     const auto addGroups = [&cases](const char* name, Naming nameOf) {
         cases.push_back({std::string("group names of a profile") + name + ", read anew",
                          [nameOf](std::size_t count) { return ReReading(nameOf, count); }});
