@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an encoder lacks for a profile.
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/Dialect.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an encoder calls the options of profiles, as data.
 //
 // A pattern is a list of arguments separated by spaces, in which "{value}" stands for the value as it is

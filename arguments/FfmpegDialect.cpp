@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What present-day ffmpeg calls the options of profiles: 5.1 and newer. scripts/probe-encoder asks the
 // program.
 #include "arguments/Dialect.h"

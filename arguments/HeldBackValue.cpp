@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/HeldBackValue.h"
 
 #include "profile/OptionChoice.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings that the option string holds back, as values for an option.
 #pragma once
 

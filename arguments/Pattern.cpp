@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/Pattern.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The patterns of a dialect, filled in.
 #pragma once
 

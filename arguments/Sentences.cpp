@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "arguments/Sentences.h"
 
 #include <iterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What became of a setting, in English.
 #pragma once
 

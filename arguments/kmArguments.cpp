@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The argument list: the decisions of the option string, each then said in the encoder's dialect.
 #include "kmArguments.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/Allocations.h"
 
 #include <atomic>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Counting the allocations of a program that links Allocations.cpp, which replaces the global operator new.
 #pragma once
 

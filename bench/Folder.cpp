@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/Folder.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The files that every reader reads, and how a program reads one with the fewest system calls.
 #pragma once
 

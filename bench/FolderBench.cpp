@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Reads folders of profiles in every way that is measured, and tells what each costs.
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/FolderReport.h"
 
 #include "bench/Table.h"

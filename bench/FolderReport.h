@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the folder benchmark tells of its measurements.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Folders of profiles for measuring, of any size.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether the cost of a step is proportional to what it works on: the same step at growing sizes, each
 // measured by what one unit of it takes.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures whether costs are proportional to the size of what they are spent on.
 #include <malloc.h>
 

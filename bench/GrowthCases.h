@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The steps whose growth is measured.
 #pragma once
 

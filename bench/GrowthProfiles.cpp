@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Profiles with very many items, candidates or groups. Their names come from files, so that somebody may
 // choose them: besides plain ones there are names that share one value of the polynomial hash with factor 31.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // XML of one shape as long as wanted. What could cost more than its length: pieces of which there are many,
 // sections whose end is looked for, walks that go against the direction of the links.
 #include <functional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Timing readers against each other on a noisy machine: rounds in which each takes its turn, in an order that
 // is shuffled anew for every round. What is compared are ratios within a round, so that a slow minute of the
 // machine meets all readers alike.

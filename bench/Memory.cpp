@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/Memory.h"
 
 #include <malloc.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a document in memory takes.
 #pragma once
 

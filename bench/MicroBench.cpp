@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Measures single operations of the library, and counts their allocations.
 #include <benchmark/benchmark.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/MicroCases.h"
 
 #include <benchmark/benchmark.h>

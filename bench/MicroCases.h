@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operations that the micro-benchmarks measure.
 #pragma once
 

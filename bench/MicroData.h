@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the micro-benchmarks work on.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/MicroReport.h"
 
 #include <algorithm>

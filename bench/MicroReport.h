@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the micro-benchmarks tell of their measurements.
 #pragma once
 

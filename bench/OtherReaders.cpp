@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <expat.h>
 #include <libxml/parser.h>
 #include <libxml/tree.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/Readers.h"
 #include "kmManager.h"
 #include "kmProfile.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the library's look-up of options is measured against.
 #pragma once
 

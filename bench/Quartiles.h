@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The middle of several measurements, and how far they lie apart.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The ways of reading a folder of profiles that are measured against each other.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Results as text.
 #pragma once
 

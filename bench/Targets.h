@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What has to hold, and whether it does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/Utf8.h"
 
 #include <cstdint>

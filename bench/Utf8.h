@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From UTF-16 to UTF-8, as fast as a program that feeds a UTF-8 reader can do it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the sample profiles are made of: their settings in file order, and the words of their headers.
 #pragma once
 

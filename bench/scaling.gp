@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Draws what a file costs against the number of files: gnuplot -c scaling.gp DATA.csv IMAGE.svg
 set terminal svg size 800,480 font "sans-serif,13" background rgb "white"
 set output ARG2

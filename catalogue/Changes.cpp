@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What happens to profiles after a load, and who is told of it.
 #include <algorithm>
 #include <functional>

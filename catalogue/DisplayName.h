@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How the catalogue's stored names become the texts that users see.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Repeated IDs are found by sorting, not by hashing: IDs are file names, which somebody may have chosen.
 #include "catalogue/Filing.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Puts the IDs of profiles into groups while files are read: a whole load, or one file.
 //
 // An ID stands in a group once, but looking for it before each addition would make the cost of a group grow

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which system profiles a load takes.
 #include <algorithm>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system groups that have a place in the display order.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fills the report of a load while the load is under way. An ordinary load has none of these.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The report is filled by the load that it is about, so that it cannot say anything else.
 #include "kmLoadReport.h"
 

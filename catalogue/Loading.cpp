@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From the files of a folder to records and groups.
 #include <algorithm>
 #include <utility>

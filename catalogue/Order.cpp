@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The display order of the system groups.
 #include <algorithm>
 #include <cstddef>

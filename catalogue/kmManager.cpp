@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmManager.h"
 
 kmManager::kmManager() = default;

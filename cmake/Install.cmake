@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What goes where, by component: "library" to run programs, "development" to build them, "tool", "samples".
 include(CMakePackageConfigHelpers)
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # CPack: one archive of everything, and Debian packages by component.
 set(CPACK_PACKAGE_NAME kmprofile)
 set(CPACK_PACKAGE_VENDOR "the kmprofile authors")

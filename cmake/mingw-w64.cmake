@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Builds 64-bit Windows programs on Linux. The compiler's runtime is linked statically, so that the library and
 # the tool need nothing beside them.
 set(CMAKE_SYSTEM_NAME Windows)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "document/DefaultFolder.h"
 
 #include "platform/Process.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the profiles are when the application names no folder.
 #pragma once
 

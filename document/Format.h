@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The profile file's own words, each once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The children of "Main" are walked once; each that the table knows gives one field, the first of its name.
 #include "document/Header.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The header of a profile file, read and written by one table.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The children of "Main", in the order in which files have them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The attributes of a setting's element, in the order in which files have them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How IDs become file names and back. Whether a text can be an ID at all tells kmFindIDFault.
 #pragma once
 

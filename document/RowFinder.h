@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Finds the rows of a table by their names while a file is walked once.
 #pragma once
 

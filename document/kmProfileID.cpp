@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a file name may be on the strictest of the systems decides everywhere, so that profiles can be moved
 // between them.
 #include "kmProfileID.h"

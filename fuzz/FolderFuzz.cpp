@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The input is a profiles folder and what an application does with it. Nothing outside the folder and its
 // "user" subfolder is ever written or removed, and in them only profiles and the user's icons; after a save
 // or a renaming that succeeded a new load of the folder knows the profile; no ID stands twice in a group of

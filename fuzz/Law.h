@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the targets share.
 #pragma once
 

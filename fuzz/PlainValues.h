@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A second reading of the values that profiles hold, as plain as the description of the format and never
 // fast: what the library's own reading is compared with. Texts have no null units.
 #pragma once

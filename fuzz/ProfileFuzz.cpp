@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The input is a profile's file. Whatever it holds, everything that a profile can tell is told; building the
 // option string settles in one step; each setting's arguments are told; a saved profile comes back as it was,
 // but for an empty value, which becomes the option's default, items whose IDs differ in letter case alone,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A fuzz target without a fuzzer, for every run of the tests: the target gets each file of the folders that
 // are named, and then the same changes of them, made up from the fuzzers' dictionary, every time.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The input is a value that a user typed, and a byte that chooses a separator. The library reads, checks,
 // splits and joins it as the plain second implementation does.
 #include "fuzz/Law.h"

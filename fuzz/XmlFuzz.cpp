@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The input is a file. Whatever it holds, reading and writing it end well, and a text in memory is read as
 // the same text in a file. A tree that ReadsBackTheSame accepts comes back from the disk as it was, and its
 // text as the same text again. A profile is renamed, which rewrites its file, exactly when its tree is

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the reading of the icon files says to those who want to know.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons that user profiles take over from the profiles that they were made from, and the file that keeps
 // them.
 #include "kmIconParser.h"

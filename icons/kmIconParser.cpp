@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two tables of icons and their settings, as "pficon.con" and "userpf.con" give them.
 #include "kmIconParser.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the library knows about the encoder's options: one constant table of 150 rows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A profile's options as separate arguments, ready to start an encoder with, and what became of each setting.
 #pragma once
 

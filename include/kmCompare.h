@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What differs between two profiles, or between a profile and its file, and how to take it back.
 #pragma once
 

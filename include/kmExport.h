@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // KM_EXPORT marks what the shared library makes visible to its users; everything else stays inside.
 // An application that links the static library instead defines KMPROFILE_STATIC, and exports nothing of it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The folders of profiles, and paths between the library and the system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options that an option string never holds.
 #pragma once
 

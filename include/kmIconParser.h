@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The icons of profiles and groups.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Advice about profile files: what is wrong in them or will surprise, where, and what to do.
 #pragma once
 

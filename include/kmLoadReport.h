@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a load of the catalogue left out, and why.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The highest MP3 bit rate that each low sample rate allows.
 #pragma once
 

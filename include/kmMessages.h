@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The messages about XML files that could not be read, and their codes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One profile in memory.
 #pragma once
 

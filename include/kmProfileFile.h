@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A profile and the file that it came from.
 #pragma once
 

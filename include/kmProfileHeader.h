@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a profile's file says of the profile as a whole.
 #pragma once
 

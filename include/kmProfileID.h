@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which texts can be the ID of a profile.
 #pragma once
 

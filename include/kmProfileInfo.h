@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the catalogue knows of one profile file.
 #pragma once
 

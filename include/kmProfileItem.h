@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One setting of a profile.
 #pragma once
 

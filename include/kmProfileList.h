@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Several loaded profiles shown and edited as one.
 #pragma once
 

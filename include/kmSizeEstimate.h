@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What kmProfile's estimates of the output's size are made of, and the video bit rate for a wanted size.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts between the library's UTF-16 and UTF-8.
 #pragma once
 

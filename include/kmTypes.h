@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The text type and the enumerations that cross the library's boundary.
 #pragma once
 

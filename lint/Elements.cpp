@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "lint/Elements.h"
 
 #include <cstddef>

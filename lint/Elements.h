@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is the same for every element: which attributes and content it may have.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The findings about one file, filled from the table of rules. A hostile file cannot make them many.
 #pragma once
 

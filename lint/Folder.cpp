@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a load leaves out comes from the load's own report, and what is in the files from the files.
 #include "lint/Folder.h"
 

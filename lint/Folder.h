@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A profiles folder: its files one by one, and what fits together.
 #pragma once
 

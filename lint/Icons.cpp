@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "lint/Icons.h"
 
 #include <algorithm>

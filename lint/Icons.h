@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The files of icons, and whether they fit the profiles and groups.
 #pragma once
 

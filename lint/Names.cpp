@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "lint/Names.h"
 
 #include <algorithm>

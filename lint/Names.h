@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What somebody may have meant who wrote a name that nobody knows.
 #pragma once
 

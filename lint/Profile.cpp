@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "lint/Profile.h"
 
 #include <algorithm>

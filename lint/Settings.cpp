@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Nothing here looks at two settings at a time: what one of them has to know of those before it is kept in
 // ordered tables, so that the cost is in proportion to the file.
 #include "lint/Settings.h"

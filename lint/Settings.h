@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The settings of one profile, taken in their order.
 #pragma once
 

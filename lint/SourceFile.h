@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A file with its tree, and the places of the tree's pieces.
 #pragma once
 

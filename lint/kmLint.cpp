@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmLint.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Everything that can be found, one row each. A new kind of finding is a row here and a number in kmLint.h.
 #include <cstddef>
 #include <iterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The first position of a text among many. Texts come from files, so that they are compared and not hashed:
 // no choice of them makes the cost grow with the square.
 #pragma once

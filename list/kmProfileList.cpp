@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The common lists keep, for each item of the first profile, the texts that every profile so far offers; the
 // others are walked once each. Single questions look at one item of each profile.
 #include "kmProfileList.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The look-up under all others, for callers that know how long the name is.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Four records; the walks over them are defined by their order.
 #include <algorithm>
 #include <iterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The encoder's options, in the order of their indices. Included by what needs the whole table alone; the
 // application and the rest of the library look options up.
 #pragma once

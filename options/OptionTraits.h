@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is special about some options when they are written for the encoder.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Look-ups by name go through a hash index that the compiler builds: open addressing in 1024 slots, each
 // holding a row's index. The hash looks at the length and four characters of a name; its multiplier is chosen
 // so that no look-up of an existing name needs more than kMaxProbes comparisons, which the compiler checks.

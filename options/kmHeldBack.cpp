@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmHeldBack.h"
 
 #include "options/FindOption.h"

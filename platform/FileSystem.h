@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The thin layer under Files.h: what a machine's file system does, one step each, implemented once for every
 // system. What the systems have in common (loops, temporary names, the order of steps, what a listing takes)
 // stands above, in Files.cpp. Names resolve as on the library's home system: the exact name first, else the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names are bytes here, and letter case counts; where a name does not exist as it is asked for, the entries
 // of its folder are compared.
 #include "platform/FileSystem.h"

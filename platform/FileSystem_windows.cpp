@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Letter case does not count here; paths take the form that may have any length.
 #ifndef NOMINMAX
 #define NOMINMAX

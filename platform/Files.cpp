@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How files are stored, on every system in the same steps. New content goes to a temporary file beside its
 // place, is flushed, and takes the name at the end; so at every moment each name leads to the old content or
 // to the new one, whole. Temporary names are random, so that they never meet those that an interrupted

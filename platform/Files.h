@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The files of a machine. Paths are UTF-16 with "\" between the folders on every machine. Names resolve as on
 // the library's home system: the exact name first, else the one entry of the folder that differs in ASCII
 // case alone. Paths may have any length. Only regular files are listed, read, replaced and removed; nothing

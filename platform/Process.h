@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the running process knows of itself, and its standard output.
 #pragma once
 

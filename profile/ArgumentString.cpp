@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The options for the encoder's command line. Everything is appended to one text that is large enough from
 // the start; options are found by the hash of their names, and what is special about some of them is a bit
 // that the compiler puts into a copy of the option table.

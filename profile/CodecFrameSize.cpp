@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The frame sizes that a codec accepts.
 #include <cstdint>
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one setting that an audio codec does not allow as it is, and its new value.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts that files have for the fields of items.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The members of kmProfileItem that hold the attributes of its element.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both lists of IDs are sorted and walked side by side. The IDs come from files, so that they are compared
 // and not hashed: no choice of them makes the cost grow with the square.
 #include "profile/ItemPairs.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which items of two profiles belong together.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Which settings become options for the encoder, and how their values are written: what the option string and
 // the argument list share.
 #pragma once

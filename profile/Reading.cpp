@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a file to a profile. The attributes of an item are walked once, and the table of fields says what each
 // becomes.
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a profile's settings mean.
 #include "kmProfile.h"
 #include "profile/ValueParsers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How large the output will be: which streams count in each of the estimates, and with which bit rates.
 #include "kmSizeEstimate.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The video bit rate for a wanted size. The estimate itself is asked, by halving: it never falls when the bit
 // rate rises, and turning its arithmetic round would be off where that is cut to whole bytes.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Products of doubles stand in the order in which the estimates are defined, because their last bit decides
 // where a result is truncated.
 #include "profile/StreamSize.h"

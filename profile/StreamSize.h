@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What one stream takes, and how far that can be trusted.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a user may type for the options whose values are free.
 #include <algorithm>
 #include <iterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both parsers follow the encoder's own reading of these texts, down to what it makes of malformed ones.
 #include "profile/ValueParsers.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Times and frame sizes as profiles write them.
 #pragma once
 

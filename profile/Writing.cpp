@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Saving and renaming. What could be refused is refused before a file is touched; then the file changes in
 // one step; only then the icons, the catalogue and its callbacks are told.
 #include <map>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmCompare.h"
 
 #include <algorithm>

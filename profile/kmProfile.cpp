@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Access to the items of a profile, by ID.
 #include "kmProfile.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How an item's value and the positions in its simple lists correspond.
 #include "kmProfileItem.h"
 

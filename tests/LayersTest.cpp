@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The README's table of the rooms, lowest first, is the order that the sources have to keep.
 #include <gtest/gtest.h>
 
@@ -56,6 +57,24 @@ TEST(Layers, IncludeOnlyLowerOnes) {
     }
     for (const auto& entry : std::filesystem::directory_iterator(kSource / "include"))
         EXPECT_EQ(ranks.count(entry.path().filename().string()), 1u) << entry.path() << " is in no room";
+}
+
+TEST(Licence, StandsInEverySource) {
+    int sources = 0;
+    for (const auto& room : std::filesystem::directory_iterator(kSource)) {
+        const std::string name = room.path().filename().string();
+        if (!room.is_directory() || name == "build" || name == ".git") continue;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(room.path())) {
+            const std::string extension = entry.path().extension().string();
+            if (extension != ".cpp" && extension != ".h") continue;
+            std::ifstream file(entry.path());
+            std::string line;
+            std::getline(file, line);
+            EXPECT_EQ(line, "// SPDX-License-Identifier: MIT") << entry.path();
+            ++sources;
+        }
+    }
+    EXPECT_GT(sources, 0);
 }
 
 }  // namespace

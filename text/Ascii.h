@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts compared as the library's home system compares them: only the ASCII letters have case.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // UTF-8 is decoded strictly by one function; what it refuses is either a failure or, in names, kept as one lone
 // surrogate a byte, which is what the encoder turns back into that byte.
 #include "text/Encoding.h"

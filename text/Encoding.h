@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Between UTF-16 and bytes. The same code on every system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The forms of folder paths. Paths use "\"; every folder that is returned ends with it.
 #pragma once
 

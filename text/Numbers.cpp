@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Integers are read digit by digit and held at the limits. Decimals are cut out of the text first, as the home
 // system delimits them, and then converted by the standard library, which rounds correctly and knows no locale;
 // it does not tell overflow from underflow, so that is decided by the number's magnitude.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The one place that reads and writes numbers: the same answers on every system, whatever the
 // process's locale. Digits are "0" to "9", white space is the ASCII kind (9 to 13 and 32).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A wide string with the tests, trims and conversions that the whole library uses.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A profile's argument list, as the commands ask for it.
 #pragma once
 

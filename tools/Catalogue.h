@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The catalogue of the profiles folder, for the commands that need more than one profile.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The commands. Each Add... registers one subcommand, whose work is done while the arguments are parsed, and
 // keeps `global` by reference.
 #pragma once

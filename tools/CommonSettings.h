@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What several profiles say of one setting.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program's arguments and its two outputs, UTF-8 throughout. What another system does differently here
 // stays in Console.cpp.
 #pragma once

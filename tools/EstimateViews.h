@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Estimates as people read them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How a command gives up.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "LibraryMessages.h"
 
 #include "kmFolders.h"

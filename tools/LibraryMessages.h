@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The library's messages about files that it could not read, kept until a command fails.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where profiles are. Folders and paths are the library's: "\" separates, and folders end with it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Printable.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts for people. What a file says, or is called, must not steer the terminal.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ProfileLoading.h"
 
 #include <algorithm>

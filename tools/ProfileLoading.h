@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Loading the profile that a command was asked for.
 #pragma once
 

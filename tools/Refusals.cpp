@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "Refusals.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Why the library refused to write a profile, in words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Settings as the command line gives them: name=value.
 #pragma once
 

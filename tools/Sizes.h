@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Sizes in bytes as people write and read them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Aligned columns for people.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The two views in which profiles are edited, as tables.
 #pragma once
 

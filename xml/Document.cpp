@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One block a document, in this order: the document itself, the text, room for the records. The text begins
 // at a cache line. Records are never moved, so that pointers to them stay valid; only the attributes of the
 // start tag that is being parsed may still move, until EndAttributes.

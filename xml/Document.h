@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The storage of one XML tree.
 //
 // A document is one block of memory: its header, the text of the file, and room for the records of the tree;

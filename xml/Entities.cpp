@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Entities are checked before anything is changed and decoded in place later: a decoded text is never longer.
 #include "xml/Entities.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Character references in texts and attribute values.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How large a file may be.
 #pragma once
 

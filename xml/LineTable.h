@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where the lines of a file begin, for those who want to know where a piece of its tree stands. The tree's
 // names, values and texts stay where the file has them, so their addresses are places in it.
 #pragma once

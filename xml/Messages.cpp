@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The texts of the codes, and where messages go: to the one handler of the process or to standard output.
 #include "xml/Messages.h"
 

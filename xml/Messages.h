@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What is told about XML files that could not be read.
 #pragma once
 

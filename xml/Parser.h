@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Builds the tree of a document from the text that it holds.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections that a file keeps as they are, by what opens and closes them.
 #pragma once
 

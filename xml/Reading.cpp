@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a file or a text to a tree: encodings, the required first element, the message.
 #include <algorithm>
 #include <cstdint>

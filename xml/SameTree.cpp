@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Both trees are walked together along their parent links, so that depth costs no stack.
 #include "xml/SameTree.h"
 

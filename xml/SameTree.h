@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Whether two trees say the same.
 #pragma once
 

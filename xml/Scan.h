@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The inner loops of the parser: each finds the next unit that matters. With SSE2 they look at eight units at
 // a time; the portable forms are the reference. All of them stop at a null unit, and the SSE2 forms may read
 // up to kScanPadding units from where they start, so that many must be readable after the text's end.

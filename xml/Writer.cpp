@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Serialises a tree twice with the same code: once into a sink that only counts, then into memory of exactly
 // that size. The walk goes along the parent links, so depth costs no stack.
 #include <cstddef>

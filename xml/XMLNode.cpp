@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Look-ups walk linked content. A walk by index continues where the last one stood, so that going through all
 // children by index costs one pass. Walks in any other order soon get a table of the pieces, which is filled
 // as far as it is asked for and grows by doubling: so whatever the order, and whatever is added in between,

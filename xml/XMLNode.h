@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A handle to an element of an XML tree, and the operations that read, change and write such trees.
 #pragma once
 

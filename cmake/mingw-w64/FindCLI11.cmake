@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Headers only, so those of the host serve. They are copied, because the host's folder of headers also holds
 # those of its own C library.
 find_path(CLI11_HOST_INCLUDE_DIR CLI/CLI.hpp PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)

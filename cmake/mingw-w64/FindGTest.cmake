@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # GoogleTest from its sources.
 find_path(GTEST_SOURCE_DIR src/gtest-all.cc PATHS /usr/src/googletest/googletest NO_CMAKE_FIND_ROOT_PATH)
 

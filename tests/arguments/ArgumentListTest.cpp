@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The argument list and its explanation.
 #include <gtest/gtest.h>
 

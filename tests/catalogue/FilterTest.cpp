@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The filter lists live as long as the process, so every row has one of its own.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Converts a clip with each sample profile and looks whether the result is what the profile says.
 
     conversions.py TOOL PROFILES_FOLDER    exit status 77 without ffmpeg and ffprobe

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The programs that the tests start: the tool, ffmpeg and ffprobe."""
 import json
 import re

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The sample profiles as an encoder's user reads them, without the library's help."""
 import xml.etree.ElementTree as ElementTree
 from fractions import Fraction

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Holds the estimates against the sizes of what the encoder makes of ten seconds.
 
     sizes.py TOOL PROFILES_FOLDER              checks the profiles whose bit rate or samples fix the size;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/faults/FailingAllocations.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Memory that runs out at a chosen allocation. Linking this replaces the program's operators new and delete.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Every operation that writes, with a fault at each of its steps on the disk in turn, and at each allocation.
 // Whatever happens, every file is the old one or the new one, whole; the result is honest; the catalogue says
 // what a new load would say; and the second attempt succeeds.

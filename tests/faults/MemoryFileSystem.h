@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A disk in memory behind the library's own layer for a machine's file system: tests link it in the place of
 // the real one. Its operations are counted, and one of them can be made to fail, to do half its work, or to
 // stop the process. Paths have "\" between folders; names resolve as on the system that the tests run on.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Two processes save, rename and delete in one folder while a third loads it: nobody ever sees half a file,
 // and nothing is left behind. (Not on Windows, where it would take a program of its own to start; that a file
 // which another process holds is never damaged is tested there by holding it.)

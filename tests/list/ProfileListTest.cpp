@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmProfileList.h"
 
 #include <gtest/gtest.h>

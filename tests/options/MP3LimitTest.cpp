@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmMP3Limit.h"
 
 #include <gtest/gtest.h>

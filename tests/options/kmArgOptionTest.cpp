@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "kmArgOption.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What only a file system whose names are bytes, letter case and all, can hold; and what is no regular file.
 #include <fcntl.h>
 #include <gtest/gtest.h>

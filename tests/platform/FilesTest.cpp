@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What files promise on every system.
 #include "platform/Files.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writing where the disk, the permissions or the kind of the target stand in the way.
 #include <gtest/gtest.h>
 #include <sys/resource.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The encoder's options: what is written, how, in which order, and what is corrected before.
 #include <gtest/gtest.h>
 

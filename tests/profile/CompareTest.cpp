@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What differs between profiles, and what is left after taking it back.
 #include "kmCompare.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // IDs as the names of files when profiles are saved and renamed: the own name, null units, paths, dots; and
 // what no file can carry.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How an item maps between its value and the positions of the simple view.
 #include <gtest/gtest.h>
 

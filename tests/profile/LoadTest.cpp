@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a file to a profile: where it is looked for, what is kept, what items become.
 #include <gtest/gtest.h>
 

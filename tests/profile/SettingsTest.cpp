@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What settings mean: kind, frame size, times, aspect ratio, zoom, the simple view.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the estimates are made of, and the video bit rate for a wanted size.
 #include "kmSizeEstimate.h"
 

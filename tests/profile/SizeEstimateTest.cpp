@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The four estimates of the output's size, and the frame sizes that a codec accepts.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a user may type, and what is said about the rest.
 #include <gtest/gtest.h>
 

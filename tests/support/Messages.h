@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the library would have printed about files that it could not read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Profiles that no file describes.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A profiles folder that a test fills.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A folder with profiles that a test saves and renames.
 #pragma once
 

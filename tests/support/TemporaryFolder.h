@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A folder of its own for every test that needs files.
 #pragma once
 

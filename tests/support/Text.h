@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Texts as the tests compare them and failure messages show them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A tree on one line, for comparison: Profiles(Main(Name[language=MyPhone]) Parameter).
 #pragma once
 

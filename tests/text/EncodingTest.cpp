@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "text/Encoding.h"
 
 #include <gtest/gtest.h>

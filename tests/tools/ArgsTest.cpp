@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What scripts get from "args" is what the library lists, whatever a value holds.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an encoder's own lists mean for profiles; the lists come from a stand-in.
 #include <gtest/gtest.h>
 

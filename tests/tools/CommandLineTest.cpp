@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tools/conversion/CommandLine.h"
 
 #include <gtest/gtest.h>

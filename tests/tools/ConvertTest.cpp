@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Converting with stand-ins for the encoder: whatever it does, the output is whole or not there, and nothing
 // of the encoder or of half an output stays.
 #include <gtest/gtest.h>

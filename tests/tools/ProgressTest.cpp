@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the bar shows for what the encoder says.
 #include <gtest/gtest.h>
 

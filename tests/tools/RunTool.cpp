@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "tests/tools/RunTool.h"
 
 #include <fcntl.h>

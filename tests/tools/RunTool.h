@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command-line tool as a user starts it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The tool on files that nobody expects: it answers or refuses, and nothing that a file says reaches the
 // terminal as more than text.
 #include <gtest/gtest.h>

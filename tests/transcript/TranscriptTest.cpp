@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One long run through the library, told line by line. The recording was made on one system; every system
 // has to tell the same, byte for byte.
 #include <gtest/gtest.h>

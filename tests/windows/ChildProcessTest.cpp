@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Arguments reach another program as they are, however it takes its command line apart.
 #include "tools/conversion/ChildProcess.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes its arguments as the C runtime takes the command line apart, and to standard error as the system
 // does, each as UTF-8 with a null byte after it. Its exit status is their number.
 #include <fcntl.h>

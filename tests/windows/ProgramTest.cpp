@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an application on Windows looks like: the public headers, the library's DLL, nothing else.
 #include <gtest/gtest.h>
 #include <windows.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How we read numbers and compare texts, against the system's runtimes. That nothing beyond ASCII counts in a
 // number, where they know other digits and spaces, is a rule of our own.
 #include <gtest/gtest.h>

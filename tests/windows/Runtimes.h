@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The system's two runtimes, asked directly: the compiler would put functions of its own in their place.
 #pragma once
 

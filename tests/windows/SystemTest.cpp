@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What only this system does: locks, read-only files, access lists, long paths, the order of its listings,
 // its console and its test for UTF-16. The tests that only the other system has, and what stands for them
 // here:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "xml/Scan.h"
 
 #include <gtest/gtest.h>

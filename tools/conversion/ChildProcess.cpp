@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/ChildProcess.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Running another program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/CommandLine.h"
 
 #include <cstddef>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Windows starts programs with one text, which each takes apart by itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Converting a file with an encoder program.
 #pragma once
 

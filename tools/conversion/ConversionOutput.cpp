@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/ConversionOutput.h"
 
 #include "Failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Where a conversion's output goes, and what becomes of it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole command line of the encoder.
 #pragma once
 

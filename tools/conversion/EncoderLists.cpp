@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/EncoderLists.h"
 
 #include <sstream>

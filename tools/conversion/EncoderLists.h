@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What an encoder program says of itself.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the encoder says to people, each line with its level: "[error] ...", "[mp3 @ 0x5587] [info] ...".
 #pragma once
 

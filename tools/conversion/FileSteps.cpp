@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/FileSteps.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Steps on files that must not be two.
 #pragma once
 

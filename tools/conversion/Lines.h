@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Text that comes in pieces, line by line.
 #pragma once
 

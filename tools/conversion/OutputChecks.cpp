@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/OutputChecks.h"
 
 #include <system_error>

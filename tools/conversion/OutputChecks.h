@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What no output may do.
 #pragma once
 

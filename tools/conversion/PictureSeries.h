@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An output of many pictures, numbered by the encoder.
 #pragma once
 

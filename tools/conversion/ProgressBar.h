@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How far a conversion is, on one line of the terminal that is written again and again.
 #pragma once
 

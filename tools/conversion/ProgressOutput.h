@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the encoder says of its progress, as name=value lines.
 #pragma once
 

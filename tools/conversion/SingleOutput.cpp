@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "conversion/SingleOutput.h"
 
 #include <cstdint>

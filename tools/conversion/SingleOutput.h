@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // An output of one file.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // consumer PROFILES ID: prints the encoder's options of a profile.
 #include <iostream>
 
