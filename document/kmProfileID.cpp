@@ -8,7 +8,9 @@
 #include <string>
 
 #include "document/ProfileID.h"
+#include "platform/Files.h"
 #include "text/Encoding.h"
+#include "text/Folders.h"
 #include "text/Numbers.h"
 
 namespace {
@@ -67,3 +69,12 @@ bool StaysInItsFolder(const kmString& id) {
 }
 
 kmString ProfileIDOf(const kmString& fileName) { return fileName.substr(0, fileName.rfind(KM_TEXT('.'))); }
+
+bool kmListProfileIDs(const kmString& folder, std::vector<kmString>& ids) {
+    kmString path = folder;
+    NormalizeFolder(path);
+    ListingNotes notes;
+    const bool isComplete = InputFolder(path).List(format::kSuffix, ids, &notes);
+    for (kmString& name : ids) name = ProfileIDOf(name);
+    return isComplete && notes.hasBegun;
+}

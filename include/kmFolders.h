@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kmExport.h"
 #include "kmTypes.h"
@@ -22,3 +23,15 @@ KM_EXPORT kmString kmUserFolder(const kmString& profilesFolder);
 // it. Library paths with "\" become the system's own form, with its separator.
 KM_EXPORT kmString kmPathFromUtf8(std::string_view path);
 KM_EXPORT std::string kmUtf8FromPath(const kmString& path);
+
+// What became of the files that were to be copied; their paths.
+struct kmCopiedFiles {
+    std::vector<kmString> copied;
+    std::vector<kmString> kept;    // there was something of that name in the new place, which stays
+    std::vector<kmString> failed;  // kmLastFileFault tells why the last of them did
+};
+
+// Copies a profiles folder with its "user" subfolder: profiles, icons and every other file that is no folder
+// and does not begin with ".". Makes the new folder, and those that lead to it. Never replaces anything, and
+// leaves no part of a file behind. Without files to copy the result is empty; kmLastFileFault may tell why.
+KM_EXPORT kmCopiedFiles kmCopyProfilesFolder(const kmString& from, const kmString& to);

@@ -19,3 +19,13 @@ KM_EXPORT bool kmReadFileOf(const kmProfile& profile, kmProfile& file);
 // nothing is ever replaced, not even a file that is no profile or that another process has just made:
 // PROFILE_ERROR_EXIST then, as for the profile's own ID.
 KM_EXPORT PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& newID);
+
+// Deletes the file of that ID in `folder`, for good, whether it can be read or not: for files that no
+// catalogue has. Icons and catalogue stay as they are; kmManager::DeleteProfile is for everything else.
+// False, with the file still there, when there is none, it is no regular file, or it may not be removed;
+// kmLastFileFault tells why. An ID is never a path.
+KM_EXPORT bool kmDeleteProfileFile(const kmString& folder, const kmString& id);
+
+// Whether there is anything called like the file of that ID in `folder`, in any letter case, a profile or
+// not. True also when that cannot be told.
+KM_EXPORT bool kmProfileFileExists(const kmString& folder, const kmString& id);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "kmExport.h"
 #include "kmTypes.h"
@@ -24,3 +25,8 @@ KM_EXPORT PROFILE_ID_FAULT kmFindIDFault(const kmString& id);
 
 // The path of the file of that ID in `folder`, which ends with "\".
 KM_EXPORT kmString kmProfilePath(const kmString& folder, const kmString& id);
+
+// Replaces `ids` by those of the files in `folder` that are called like profiles, read or not: by their names
+// alone, in the order in which a catalogue takes them. False, with what came before, when there is no such
+// folder or it cannot be listed; kmLastFileFault tells why.
+KM_EXPORT bool kmListProfileIDs(const kmString& folder, std::vector<kmString>& ids);

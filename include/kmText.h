@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Texts between the library's UTF-16 and UTF-8.
+// Texts between the library's UTF-16 and UTF-8, and as names.
 #pragma once
 
 #include <string>
@@ -15,3 +15,6 @@ KM_EXPORT kmString kmTextFromUtf8(std::string_view bytes);
 // Any text as UTF-8, null units included; with the bytes that kmTextFromUtf8 could not decode. Any other lone
 // surrogate takes three bytes.
 KM_EXPORT std::string kmUtf8FromText(std::basic_string_view<kmChar> text);
+
+// Whether two texts are one name to the library: equal but for the case of ASCII letters.
+KM_EXPORT bool kmSameName(std::basic_string_view<kmChar> a, std::basic_string_view<kmChar> b);

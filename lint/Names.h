@@ -7,10 +7,6 @@
 #include "lint/Findings.h"
 #include "text/Ascii.h"
 
-// The known name that is nearest to `name` in any letter case: at most two letters away, and less than half
-// its length. Empty when there is none. Takes as long as `known` is, however long `name`.
-kmStringView FindNearest(kmStringView name, std::span<const kmStringView> known);
-
 // Whether `name` is one of them, in any letter case.
 bool IsKnown(kmStringView name, std::span<const kmStringView> known);
 

@@ -9,6 +9,7 @@
 #include "document/Format.h"
 #include "document/HeaderFields.h"
 #include "document/ItemFields.h"
+#include "kmNearest.h"
 #include "lint/Names.h"
 #include "text/kmCTString.h"
 
@@ -151,7 +152,7 @@ void ProfileLinter::LintGroupName(const XMLNode& entry) {
     if (std::any_of(std::begin(kGroupOrder), std::end(kGroupOrder), isName)) return;
     if (kmStringView(name) == kOtherGroup || m_findings.IsFull()) return;
     m_findings.Add(LINT_GROUP_OUTSIDE_ORDER, place, name, {},
-                   FindNearest(TrimLeftView(name, KM_TEXT('^')), kGroupOrder));
+                   kmFindNearest(TrimLeftView(name, KM_TEXT('^')), kGroupOrder));
 }
 
 void ProfileLinter::LintParameter() {

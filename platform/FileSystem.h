@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <string_view>
 
+#include "kmFileFault.h"
 #include "text/Ascii.h"
 
 namespace machine {
@@ -30,6 +31,9 @@ extern const bool kNamesIgnoreCase;
 
 // Whether listings come in the order of the library's home system; elsewhere whoever lists sorts.
 extern const bool kListsInOrder;
+
+// The reason of the call that failed last in this thread, before any other call.
+FILE_FAULT LastFault();
 
 // The existing entry, spelled as on the disk, links not followed; empty when there is none. False when that
 // cannot be told.

@@ -163,7 +163,9 @@ Handle AdoptFile(int file, std::uint64_t& size) {
         size = static_cast<std::uint64_t>(info.st_size);
         return file;
     }
-    if (file >= 0) close(file);
+    if (file < 0) return kNoHandle;
+    close(file);
+    errno = EISDIR;
     return kNoHandle;
 }
 
@@ -226,7 +228,31 @@ Kind KindOfEntry(int folder, const dirent& entry) {
     return fstatat(folder, entry.d_name, &info, 0) == 0 ? KindOfMode(info.st_mode) : Kind::Nothing;
 }
 
+struct Reason {
+    int error;
+    FILE_FAULT fault;
+};
+constexpr Reason kReasons[] = {
+    {0, FILE_FAULT_NOT_FOUND},  // a search through a folder that came to its end
+    {ENOENT, FILE_FAULT_NOT_FOUND},    {ENOTDIR, FILE_FAULT_NOT_FOUND},
+    {EROFS, FILE_FAULT_READ_ONLY},     {EACCES, FILE_FAULT_ACCESS_DENIED},
+    {EPERM, FILE_FAULT_ACCESS_DENIED}, {EBUSY, FILE_FAULT_IN_USE},
+    {ETXTBSY, FILE_FAULT_IN_USE},      {ENAMETOOLONG, FILE_FAULT_NAME_TOO_LONG},
+    {EILSEQ, FILE_FAULT_BAD_NAME},     {EINVAL, FILE_FAULT_BAD_NAME},
+    {EISDIR, FILE_FAULT_NO_FILE},      {ENXIO, FILE_FAULT_NO_FILE},  // a pipe or a socket without a partner
+    {EEXIST, FILE_FAULT_EXISTS},       {ENOSPC, FILE_FAULT_DISK_FULL},
+    {EDQUOT, FILE_FAULT_DISK_FULL},
+    {EFBIG, FILE_FAULT_DISK_FULL},  // beyond what this user may write
+};
+
 }  // namespace
+
+FILE_FAULT LastFault() {
+    for (const Reason& reason : kReasons) {
+        if (reason.error == errno) return reason.fault;
+    }
+    return FILE_FAULT_DEVICE;
+}
 
 bool FindEntry(const kmChar* path, Path& entry) {
     const Answer answer = FindSpelling(ToSystemPath(path), entry);
@@ -349,7 +375,11 @@ bool Flush(Handle file) { return fsync(ToFile(file)) == 0 || errno == EINVAL; }
 
 bool CloseWritten(Handle file) { return close(ToFile(file)) == 0; }
 
-bool MayReplace(const Path& path) { return OpenedFile(open(path.c_str(), O_WRONLY | kSafeFlags)).IsOpen(); }
+bool MayReplace(const Path& path) {
+    if (OpenedFile(open(path.c_str(), O_WRONLY | kSafeFlags)).IsOpen()) return true;
+    if (errno == EACCES) errno = EROFS;  // the file's folder was reached, so it is the file
+    return false;
+}
 
 bool AddName(const Path& file, const Path& name) { return link(file.c_str(), name.c_str()) == 0; }
 
@@ -374,7 +404,11 @@ MoveResult MoveToNew(const Path& from, const Path& to) {
 
 bool Remove(const Path& path) { return unlink(path.c_str()) == 0; }
 
-bool MayRemove(const Path& path) { return access(path.c_str(), W_OK) == 0; }
+bool MayRemove(const Path& path) {
+    if (access(path.c_str(), W_OK) == 0) return true;
+    if (errno == EACCES) errno = EROFS;
+    return false;
+}
 
 void RemoveAbandoned(Handle folder, const kmString& /*path*/, const kmString& name,
                      std::chrono::seconds age) {

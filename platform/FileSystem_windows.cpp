@@ -124,13 +124,17 @@ Kind KindOfAttributes(DWORD attributes) {
 }
 
 Handle OpenRegular(const kmString& path, std::uint64_t& size) {
-    if (path.starts_with(kDevice)) return kNoHandle;
+    if (path.starts_with(kDevice)) {
+        SetLastError(ERROR_NOT_SUPPORTED);
+        return kNoHandle;
+    }
     const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
     if (handle == INVALID_HANDLE_VALUE) return kNoHandle;
     LARGE_INTEGER length;
     if (GetFileType(handle) != FILE_TYPE_DISK || GetFileSizeEx(handle, &length) == 0) {
         CloseHandle(handle);
+        SetLastError(ERROR_NOT_SUPPORTED);
         return kNoHandle;
     }
     size = static_cast<std::uint64_t>(length.QuadPart);
@@ -162,7 +166,45 @@ void TakeOverAttributes(const kmString& from, const kmString& to) {
     SetFileAttributesW(to.c_str(), (attributes & kKept) | FILE_ATTRIBUTE_ARCHIVE);
 }
 
+struct Reason {
+    DWORD error;
+    FILE_FAULT fault;
+};
+constexpr Reason kReasons[] = {
+    {ERROR_SUCCESS, FILE_FAULT_NOT_FOUND},
+    {ERROR_FILE_NOT_FOUND, FILE_FAULT_NOT_FOUND},
+    {ERROR_PATH_NOT_FOUND, FILE_FAULT_NOT_FOUND},
+    {ERROR_BAD_NETPATH, FILE_FAULT_NOT_FOUND},
+    {ERROR_BAD_NET_NAME, FILE_FAULT_NOT_FOUND},
+    {ERROR_DIRECTORY, FILE_FAULT_NOT_FOUND},
+    {ERROR_INVALID_DRIVE, FILE_FAULT_NOT_FOUND},
+    {ERROR_WRITE_PROTECT, FILE_FAULT_READ_ONLY},
+    {ERROR_FILE_READ_ONLY, FILE_FAULT_READ_ONLY},
+    {ERROR_ACCESS_DENIED, FILE_FAULT_ACCESS_DENIED},
+    {ERROR_SHARING_VIOLATION, FILE_FAULT_IN_USE},
+    {ERROR_LOCK_VIOLATION, FILE_FAULT_IN_USE},
+    {ERROR_USER_MAPPED_FILE, FILE_FAULT_IN_USE},
+    {ERROR_FILENAME_EXCED_RANGE, FILE_FAULT_NAME_TOO_LONG},
+    {ERROR_BUFFER_OVERFLOW, FILE_FAULT_NAME_TOO_LONG},
+    {ERROR_INVALID_NAME, FILE_FAULT_BAD_NAME},
+    {ERROR_BAD_PATHNAME, FILE_FAULT_BAD_NAME},
+    {ERROR_NOT_SUPPORTED, FILE_FAULT_NO_FILE},
+    {ERROR_FILE_EXISTS, FILE_FAULT_EXISTS},
+    {ERROR_ALREADY_EXISTS, FILE_FAULT_EXISTS},
+    {ERROR_DISK_FULL, FILE_FAULT_DISK_FULL},
+    {ERROR_HANDLE_DISK_FULL, FILE_FAULT_DISK_FULL},
+    {ERROR_DISK_QUOTA_EXCEEDED, FILE_FAULT_DISK_FULL},
+};
+
 }  // namespace
+
+FILE_FAULT LastFault() {
+    const DWORD error = GetLastError();
+    for (const Reason& reason : kReasons) {
+        if (reason.error == error) return reason.fault;
+    }
+    return FILE_FAULT_DEVICE;
+}
 
 bool FindEntry(const kmChar* path, Path& entry) {
     entry.clear();
@@ -299,7 +341,11 @@ bool CloseWritten(Handle file) { return CloseHandle(ToSystem(file)) != 0; }
 // replace it.
 bool MayReplace(const Path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) != 0) return false;
+    if (attributes == INVALID_FILE_ATTRIBUTES) return false;
+    if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+        SetLastError(ERROR_FILE_READ_ONLY);
+        return false;
+    }
     return OpenedFile(path, GENERIC_WRITE | DELETE, kShareAll).IsOpen();
 }
 
@@ -320,8 +366,13 @@ MoveResult MoveToNew(const Path& from, const Path& to) {
 
 bool Remove(const Path& path) { return DeleteFileW(path.c_str()) != 0; }
 
-// The system itself refuses what may not be written.
-bool MayRemove(const Path& /*path*/) { return true; }
+// The system itself refuses what may not be written, but says no more than that it does.
+bool MayRemove(const Path& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return true;
+    SetLastError(ERROR_FILE_READ_ONLY);
+    return false;
+}
 
 void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& name,
                      std::chrono::seconds age) {

@@ -12,6 +12,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/FileFault.h"
+
 using machine::Handle;
 using machine::Kind;
 using machine::kNoHandle;
@@ -66,10 +68,14 @@ template <class Take>
 bool ForEachEntry(const InputFolder& folder, Take take, bool& hasBegun) {
     Listing listing(folder);
     hasBegun = listing.HasBegun();
-    if (!hasBegun) return !listing.HasFolder();
+    if (!hasBegun) {
+        NoteFault();
+        return !listing.HasFolder();
+    }
     machine::Entry entry;
     machine::ListStep step = machine::ListStep::Entry;
     while ((step = listing.Next(entry)) == machine::ListStep::Entry) take(entry);
+    if (step == machine::ListStep::Failed) NoteFault();
     return step == machine::ListStep::End;
 }
 
@@ -155,28 +161,47 @@ private:
     Handle m_handle = kNoHandle;
 };
 
+StoreResult Refuse(StoreResult result) {
+    NoteFault();
+    return result;
+}
+
+StoreResult Refuse(StoreResult result, FILE_FAULT fault) {
+    NoteFault(fault);
+    return result;
+}
+
+// What a move came to; `failure` stands for every reason but that the name is taken.
+StoreResult ResultOf(MoveResult moved, StoreResult failure) {
+    if (moved == MoveResult::Done) return StoreResult::Done;
+    return moved == MoveResult::Exists ? Refuse(StoreResult::Exists, FILE_FAULT_EXISTS) : Refuse(failure);
+}
+
 // Whether a file may be stored at `place`; `old` receives the file that is replaced.
 bool MayStore(const Path& place, Path& old) {
-    if (place.empty()) return false;
+    if (place.empty()) {
+        NoteFault();
+        return false;
+    }
     const Kind kind = machine::KindOf(place);
     if (kind == Kind::Nothing) return true;
-    if (kind != Kind::File) return false;
-    // Another process may have removed it meanwhile, and then there is nothing to be replaced.
-    if (!machine::MayReplace(place)) return machine::KindOf(place) == Kind::Nothing;
+    if (kind != Kind::File) {
+        NoteFault(FILE_FAULT_NO_FILE);
+        return false;
+    }
+    if (!machine::MayReplace(place)) {
+        NoteFault();
+        // Another process may have removed it meanwhile, and then there is nothing to be replaced.
+        return machine::KindOf(place) == Kind::Nothing;
+    }
     old = place;
     return true;
 }
 
 StoreResult FinishNew(TemporaryFile& file, const Path& place) {
-    switch (file.MoveToNew(place)) {
-        case MoveResult::Exists:
-            return StoreResult::Exists;
-        case MoveResult::Failed:
-            return StoreResult::CannotWrite;
-        default:
-            break;
-    }
-    if (machine::FlushFolderOf(place)) return StoreResult::Done;
+    const StoreResult moved = ResultOf(file.MoveToNew(place), StoreResult::CannotWrite);
+    if (moved != StoreResult::Done || machine::FlushFolderOf(place)) return moved;
+    NoteFault();
     static_cast<void>(machine::Remove(place));
     return StoreResult::CannotWrite;
 }
@@ -186,8 +211,9 @@ StoreResult FinishNew(TemporaryFile& file, const Path& place) {
 StoreResult FinishReplacing(TemporaryFile& file, const Path& place, const Path& old) {
     TemporaryFile kept;
     const bool isKept = !old.empty() && kept.Keep(old);
-    if (!file.MoveOver(place)) return StoreResult::CannotWrite;
+    if (!file.MoveOver(place)) return Refuse(StoreResult::CannotWrite);
     if (machine::FlushFolderOf(place)) return StoreResult::Done;
+    NoteFault();
     if (isKept) static_cast<void>(kept.MoveOver(old));
     if (old.empty()) static_cast<void>(machine::Remove(place));
     return StoreResult::CannotWrite;
@@ -206,20 +232,19 @@ void Respell(const kmChar* path) {
 StoreResult StoreNew(const kmChar* path, const void* bytes, std::size_t count) {
     Path entry;
     const Path place = machine::FindGivenPlace(path);
-    if (place.empty() || !machine::FindEntry(path, entry)) return StoreResult::CannotOpen;
-    if (!entry.empty()) return StoreResult::Exists;
+    if (place.empty() || !machine::FindEntry(path, entry)) return Refuse(StoreResult::CannotOpen);
+    if (!entry.empty()) return Refuse(StoreResult::Exists, FILE_FAULT_EXISTS);
     TemporaryFile file;
-    if (!file.Create(place, {})) return StoreResult::CannotOpen;
-    return file.Fill(bytes, count) ? FinishNew(file, place) : StoreResult::CannotWrite;
+    if (!file.Create(place, {})) return Refuse(StoreResult::CannotOpen);
+    return file.Fill(bytes, count) ? FinishNew(file, place) : Refuse(StoreResult::CannotWrite);
 }
 
 // A symbolic link gets the new name and its target the new content; the name first, because that can be taken
 // back.
 StoreResult StoreThroughRenamedLink(TemporaryFile& file, const Path& link, const Path& to,
                                     const Path& place) {
-    const MoveResult moved = machine::MoveToNew(link, to);
-    if (moved != MoveResult::Done)
-        return moved == MoveResult::Exists ? StoreResult::Exists : StoreResult::CannotWrite;
+    const StoreResult moved = ResultOf(machine::MoveToNew(link, to), StoreResult::CannotWrite);
+    if (moved != StoreResult::Done) return moved;
     const StoreResult stored = FinishReplacing(file, place, place);
     if (stored != StoreResult::Done) static_cast<void>(machine::MoveToNew(to, link));
     return stored;
@@ -230,6 +255,7 @@ StoreResult StoreAndRemove(TemporaryFile& file, const Path& from, const Path& to
     const StoreResult stored = FinishNew(file, to);
     if (stored != StoreResult::Done) return stored;
     if (!machine::Remove(from)) {
+        NoteFault();
         static_cast<void>(machine::Remove(to));
         return StoreResult::CannotWrite;
     }
@@ -251,11 +277,12 @@ Renaming FindRenaming(const kmChar* from, const kmChar* to) {
     renaming.to = machine::FindGivenPlace(to);
     if (!machine::FindEntry(from, renaming.from) || !machine::FindEntry(to, existing) ||
         renaming.from.empty() || renaming.to.empty()) {
-        renaming.refusal = StoreResult::CannotOpen;
+        renaming.refusal = Refuse(StoreResult::CannotOpen);
         return renaming;
     }
     renaming.isSameEntry = existing == renaming.from;
-    if (!existing.empty() && !renaming.isSameEntry) renaming.refusal = StoreResult::Exists;
+    if (!existing.empty() && !renaming.isSameEntry)
+        renaming.refusal = Refuse(StoreResult::Exists, FILE_FAULT_EXISTS);
     return renaming;
 }
 
@@ -296,11 +323,13 @@ InputFile::~InputFile() {
 
 bool InputFile::Open(const kmChar* path) {
     m_handle = machine::OpenFile(path, m_size);
+    if (m_handle == kNoHandle) NoteFault();
     return m_handle != kNoHandle;
 }
 
 bool InputFile::Open(const InputFolder& folder, const kmString& name) {
     m_handle = machine::OpenFileIn(folder.Handle(), folder.Path(), name, m_size);
+    if (m_handle == kNoHandle) NoteFault();
     return m_handle != kNoHandle;
 }
 
@@ -308,7 +337,10 @@ bool InputFile::Read(void* bytes, std::size_t count, std::size_t& got) {
     got = 0;
     while (got < count) {
         std::size_t step = 0;
-        if (!machine::Read(m_handle, static_cast<char*>(bytes) + got, count - got, step)) return false;
+        if (!machine::Read(m_handle, static_cast<char*>(bytes) + got, count - got, step)) {
+            NoteFault();
+            return false;
+        }
         if (step == 0) return true;
         got += step;
     }
@@ -322,8 +354,8 @@ StoreResult StoreFile(const kmChar* path, const void* bytes, std::size_t count, 
     Path old;
     if (!MayStore(place, old)) return StoreResult::CannotOpen;
     TemporaryFile file;
-    if (!file.Create(place, old)) return StoreResult::CannotOpen;
-    if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
+    if (!file.Create(place, old)) return Refuse(StoreResult::CannotOpen);
+    if (!file.Fill(bytes, count)) return Refuse(StoreResult::CannotWrite);
     if (storing == Storing::Respell && machine::kNamesIgnoreCase && !old.empty()) {
         // There a replacement takes the spelling that it is given, unless the place is that of a link's
         // target.
@@ -345,8 +377,8 @@ StoreResult StoreRenamed(const kmChar* from, const kmChar* to, const void* bytes
     Path old;
     if (!MayStore(place, old) || old.empty()) return StoreResult::CannotOpen;
     TemporaryFile file;
-    if (!file.Create(place, old)) return StoreResult::CannotOpen;
-    if (!file.Fill(bytes, count)) return StoreResult::CannotWrite;
+    if (!file.Create(place, old)) return Refuse(StoreResult::CannotOpen);
+    if (!file.Fill(bytes, count)) return Refuse(StoreResult::CannotWrite);
     if (renaming.from == renaming.to) return FinishReplacing(file, place, old);
     if (machine::IsLink(renaming.from))
         return StoreThroughRenamedLink(file, renaming.from, renaming.to, place);
@@ -358,7 +390,8 @@ bool RenameFile(const kmChar* from, const kmChar* to) {
     const Renaming renaming = FindRenaming(from, to);
     if (renaming.refusal != StoreResult::Done) return false;
     if (renaming.from == renaming.to) return true;
-    if (machine::MoveToNew(renaming.from, renaming.to) != MoveResult::Done) return false;
+    const MoveResult moved = machine::MoveToNew(renaming.from, renaming.to);
+    if (ResultOf(moved, StoreResult::CannotWrite) != StoreResult::Done) return false;
     static_cast<void>(machine::FlushFolderOf(renaming.to));  // the old name after a crash, at worst
     return true;
 }
@@ -370,10 +403,19 @@ bool EntryExists(const kmChar* path) {
 
 bool RemoveFile(const kmChar* path) {
     Path entry;
-    if (!machine::FindEntry(path, entry) || entry.empty()) return false;
+    if (!machine::FindEntry(path, entry) || entry.empty()) {
+        NoteFault();
+        return false;
+    }
     const Kind kind = machine::KindOf(entry);
-    if (kind == Kind::Folder || kind == Kind::Other || !machine::MayRemove(entry)) return false;
-    if (!machine::Remove(entry)) return false;
+    if (kind == Kind::Folder || kind == Kind::Other) {
+        NoteFault(FILE_FAULT_NO_FILE);
+        return false;
+    }
+    if (!machine::MayRemove(entry) || !machine::Remove(entry)) {
+        NoteFault();
+        return false;
+    }
     static_cast<void>(machine::FlushFolderOf(entry));  // the file is back after a crash, at worst
     return true;
 }

@@ -5,6 +5,9 @@
 
 #include "document/Format.h"
 #include "document/ProfileID.h"
+#include "platform/FileFault.h"
+#include "platform/Files.h"
+#include "text/Folders.h"
 #include "xml/XMLNode.h"
 
 kmString kmFolderOf(const kmProfile& profile) { return profile.m_folder; }
@@ -19,4 +22,23 @@ bool kmReadFileOf(const kmProfile& profile, kmProfile& file) {
     if (!read.ReadDocument(XMLNode::OpenDocument(path.c_str(), format::kRoot))) return false;
     file = std::move(read);
     return true;
+}
+
+namespace {
+
+kmString PathIn(kmString folder, const kmString& id) {
+    NormalizeFolder(folder);
+    return ProfilePath(folder, id);
+}
+
+}  // namespace
+
+bool kmDeleteProfileFile(const kmString& folder, const kmString& id) {
+    if (StaysInItsFolder(id)) return RemoveFile(PathIn(folder, id).c_str());
+    NoteFault(FILE_FAULT_BAD_NAME);
+    return false;
+}
+
+bool kmProfileFileExists(const kmString& folder, const kmString& id) {
+    return EntryExists(PathIn(folder, id).c_str());
 }

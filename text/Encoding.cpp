@@ -154,3 +154,5 @@ std::string BytesFromText(kmStringView text) {
 kmString kmTextFromUtf8(std::string_view bytes) { return DecodeLossless(bytes, /*escapesBackslash=*/false); }
 
 std::string kmUtf8FromText(kmStringView text) { return BytesFromText(text); }
+
+bool kmSameName(kmStringView a, kmStringView b) { return EqualNoCase(a, b); }

@@ -163,6 +163,8 @@ const bool kNamesIgnoreCase = false;
 #endif
 const bool kListsInOrder = false;
 
+FILE_FAULT LastFault() { return FILE_FAULT_DEVICE; }
+
 bool FindEntry(const kmChar* path, Path& entry) {
     const Step step("FindEntry");
     entry.clear();

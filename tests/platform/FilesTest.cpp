@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What files promise on every system.
+#include "platform/FileFault.h"
 #include "platform/Files.h"
 
 #include <gtest/gtest.h>
@@ -60,6 +61,45 @@ TEST(Files, LeftoversOfKilledProcessesGoWhenTheyAreOld) {
     folder.WriteBytes(KM_TEXT(".km1.tmp"), "x");
     ASSERT_EQ(StoreFile(folder.Path(KM_TEXT("f")).c_str(), "now", 3), StoreResult::Done);
     EXPECT_EQ(folder.State(), (std::set<std::string>{".km1.tmp:x", ".kmine:x", "f:now", "x.tmp:x"}));
+}
+
+struct Refusal {
+    const char* name;
+    FILE_FAULT fault;
+    bool (*work)(const TemporaryFolder& folder);
+};
+
+bool Store(const TemporaryFolder& folder, const kmString& name, Storing storing = Storing::Replace) {
+    return StoreFile(folder.Path(name).c_str(), "x", 1, storing) == StoreResult::Done;
+}
+
+const Refusal kRefusals[] = {
+    {"folder_missing", FILE_FAULT_NOT_FOUND, [](auto& f) { return Store(f, KM_TEXT("none\\a")); }},
+    {"folder_in_the_place", FILE_FAULT_NO_FILE, [](auto& f) { return Store(f, KM_TEXT("sub")); }},
+    {"name_taken", FILE_FAULT_EXISTS, [](auto& f) { return Store(f, KM_TEXT("A"), Storing::New); }},
+    {"new_name_taken", FILE_FAULT_EXISTS,
+     [](auto& f) { return RenameFile(f.Path(KM_TEXT("b")).c_str(), f.Path(KM_TEXT("a")).c_str()); }},
+    {"nothing_to_rename", FILE_FAULT_NOT_FOUND,
+     [](auto& f) { return RenameFile(f.Path(KM_TEXT("c")).c_str(), f.Path(KM_TEXT("d")).c_str()); }},
+    {"nothing_to_remove", FILE_FAULT_NOT_FOUND,
+     [](auto& f) { return RemoveFile(f.Path(KM_TEXT("c")).c_str()); }},
+    {"folder_to_remove", FILE_FAULT_NO_FILE,
+     [](auto& f) { return RemoveFile(f.Path(KM_TEXT("sub")).c_str()); }},
+    {"nothing_to_open", FILE_FAULT_NOT_FOUND,
+     [](auto& f) { return InputFile().Open(f.Path(KM_TEXT("c")).c_str()); }},
+};
+
+TEST(Files, SayWhyTheyRefused) {
+    for (const Refusal& row : kRefusals) {
+        const TemporaryFolder folder;
+        folder.MakeFolder(KM_TEXT("sub"));
+        folder.WriteBytes(KM_TEXT("a"), "a");
+        folder.WriteBytes(KM_TEXT("b"), "b");
+        NoteFault(FILE_FAULT_NONE);
+        EXPECT_FALSE(row.work(folder)) << row.name;
+        EXPECT_EQ(kmLastFileFault(), row.fault)
+            << row.name << ": " << Utf8(kmFileFaultText(kmLastFileFault()));
+    }
 }
 
 }  // namespace

@@ -54,6 +54,7 @@ TEST(WritingPosix, OldFileOutlivesAFullDisk) {
         SCOPED_TRACE(size);
         const FullDisk full(size);
         EXPECT_EQ(Store(folder, KM_TEXT("f")), StoreResult::CannotWrite);
+        EXPECT_EQ(kmLastFileFault(), FILE_FAULT_DISK_FULL);
         EXPECT_EQ(Store(folder, KM_TEXT("new")), StoreResult::CannotWrite);
         EXPECT_EQ(Rename(folder, KM_TEXT("f"), KM_TEXT("n")), StoreResult::CannotWrite);
         EXPECT_EQ(folder.State(), Files{"f:old"});
