@@ -9,6 +9,7 @@
 
 #include "catalogue/LoadNotes.h"
 #include "document/ProfileID.h"
+#include "kmFileFault.h"
 #include "kmIconParser.h"
 #include "text/Numbers.h"
 
@@ -25,8 +26,7 @@ struct FaultRow {
 constexpr FaultRow kRows[] = {
     {LOAD_FAULT_XML, "xml-error", false, KM_TEXT("The file is left out: ")},
     {LOAD_FAULT_XML_WARNING, "xml-warning", true, KM_TEXT("The file is used as far as it goes: ")},
-    {LOAD_FAULT_UNREADABLE, "unreadable", false,
-     KM_TEXT("The file cannot be opened or read, or is larger than 64 MB.")},
+    {LOAD_FAULT_UNREADABLE, "unreadable", false, KM_TEXT("The file cannot be read: ")},
     {LOAD_FAULT_NO_HEADER, "no-header", false, KM_TEXT("The file has no element \"Main\".")},
     {LOAD_FAULT_NO_FILE, "no-file", false,
      KM_TEXT("It is called like the file of a profile, but is a folder, a pipe or a device.")},
@@ -92,7 +92,8 @@ void LoadNotes::AddXMLFault(const kmString& path, const XMLParseResult& result) 
     finding.xml = result.code;
     finding.line = result.line;
     finding.column = result.column;
-    if (!isUnreadable) finding.reason.append(XMLErrorText(result.code)).append(KM_TEXT("."));
+    finding.reason.append(isUnreadable ? kmFileFaultText(kmLastFileFault()) : XMLErrorText(result.code))
+        .append(KM_TEXT("."));
 }
 
 void LoadNotes::AddListing(const kmString& folder, bool isComplete, const ListingNotes& listing) {

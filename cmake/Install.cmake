@@ -4,7 +4,6 @@ include(CMakePackageConfigHelpers)
 
 set(KM_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/kmprofile)
 set(KM_HEADERS_DIR ${CMAKE_INSTALL_INCLUDEDIR}/kmprofile)
-set(KM_PROFILES_DIR ${CMAKE_INSTALL_DATADIR}/kmprofile/Profiles)
 set(KM_DOCUMENTS_DIR $<IF:$<PLATFORM_ID:Windows>,.,${CMAKE_INSTALL_DOCDIR}>)
 
 install(TARGETS kmprofile EXPORT kmprofile

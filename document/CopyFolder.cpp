@@ -19,7 +19,7 @@ bool ReadWhole(const InputFolder& folder, const kmString& name, std::vector<char
     InputFile file;
     if (!file.Open(folder, name)) return false;
     if (file.Size() > kLargest) {
-        NoteFault(FILE_FAULT_DISK_FULL);
+        NoteFault(FILE_FAULT_TOO_LARGE);
         return false;
     }
     bytes.resize(static_cast<std::size_t>(file.Size()));

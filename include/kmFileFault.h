@@ -20,7 +20,8 @@ enum FILE_FAULT : std::int32_t {
     FILE_FAULT_NO_FILE = 7,        // what has the name is a folder, a pipe or a device
     FILE_FAULT_EXISTS = 8,         // the new name is taken
     FILE_FAULT_DISK_FULL = 9,      // no room on the disk, or none left for this user
-    FILE_FAULT_DEVICE = 10,        // the device failed, or a reason that has no number here
+    FILE_FAULT_TOO_LARGE = 10,     // the library reads no file of that size
+    FILE_FAULT_DEVICE = 11,        // the device failed, or a reason that has no number here
 };
 
 // Why the last file operation of this thread that failed did: reading, storing, renaming, removing a file, or

@@ -171,6 +171,7 @@ private:
 
     // Declared in kmProfileFile.h.
     friend KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
+    friend KM_EXPORT kmProfileHeader kmHeaderOf(const kmProfile& profile);
     friend KM_EXPORT bool kmReadFileOf(const kmProfile& profile, kmProfile& file);
     friend KM_EXPORT PROFILE_EERROR kmSaveAsNew(kmProfile& profile, const kmString& newID);
 

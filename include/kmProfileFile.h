@@ -4,10 +4,15 @@
 
 #include "kmExport.h"
 #include "kmProfile.h"
+#include "kmProfileHeader.h"
 
 // The folder in which the profile was looked for last, with a final "\": that of its file after a load that
 // succeeded. Empty for a profile that was never loaded.
 KM_EXPORT kmString kmFolderOf(const kmProfile& profile);
+
+// The profile's header, with name and description as users see them: those of a system profile without
+// leading "^". The header of a loaded profile is that of its file; a save keeps it.
+KM_EXPORT kmProfileHeader kmHeaderOf(const kmProfile& profile);
 
 // Makes `file` what the profile's file says now: that of the profile's ID in its folder, and in no other one.
 // The two may be one object. False, with `file` as it was, when the profile was never loaded or the file is

@@ -20,6 +20,7 @@ constexpr const kmChar* kTexts[] = {
     KM_TEXT("what has that name is no file"),
     KM_TEXT("something of that name exists"),
     KM_TEXT("the disk is full"),
+    KM_TEXT("the file is too large"),
     KM_TEXT("the device failed"),
 };
 static_assert(std::size(kTexts) == FILE_FAULT_DEVICE + 1, "one text a fault");

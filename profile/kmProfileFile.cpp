@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "catalogue/DisplayName.h"
 #include "document/Format.h"
 #include "document/ProfileID.h"
 #include "platform/FileFault.h"
@@ -11,6 +12,14 @@
 #include "xml/XMLNode.h"
 
 kmString kmFolderOf(const kmProfile& profile) { return profile.m_folder; }
+
+kmProfileHeader kmHeaderOf(const kmProfile& profile) {
+    kmProfileHeader header = profile.m_header;
+    if (!header.isSystem) return header;
+    header.name = StripLeadingCarets(header.name);
+    header.desc = StripLeadingCarets(header.desc);
+    return header;
+}
 
 // Into a new object: an old one would keep the header's texts that the file lacks.
 bool kmReadFileOf(const kmProfile& profile, kmProfile& file) {

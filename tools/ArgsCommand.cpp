@@ -8,7 +8,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
 #include "kmArgOption.h"
 #include "kmHeldBack.h"
 #include "kmText.h"
@@ -22,6 +23,7 @@ struct ArgsArguments {
     bool asList = false;
     bool nullTerminated = false;
     bool forShell = false;
+    bool asJson = false;
 };
 
 void AppendHeldBack(std::vector<std::string>& lines, const kmProfile& profile) {
@@ -55,6 +57,7 @@ void PrintList(const ArgsArguments& arguments, const kmProfile& profile) {
     request.withHeldBack = arguments.heldBack;
     request.withContainer = arguments.container;
     const kmArgumentList list = kmBuildArguments(profile, request);
+    if (arguments.asJson) return PrintJson({{"arguments", JsonTexts(list.arguments)}});
     if (!arguments.asList && !arguments.nullTerminated) return PrintExactly(ShellLine(list.arguments));
     std::vector<std::string> lines;
     for (const kmString& argument : list.arguments) lines.push_back(kmUtf8FromText(argument));
@@ -64,7 +67,7 @@ void PrintList(const ArgsArguments& arguments, const kmProfile& profile) {
 
 void PrintArgs(const ArgsArguments& arguments, const kmString& folder) {
     const bool isString = !arguments.asList && !arguments.nullTerminated && !arguments.forShell &&
-                          !arguments.container && arguments.choices.dialect.empty();
+                          !arguments.asJson && !arguments.container && arguments.choices.dialect.empty();
     RequestFor(arguments.choices);  // refuses a dialect before it looks for the profile
     kmProfile profile = LoadChosenProfile(arguments.choices, folder);
     isString ? PrintString(arguments, profile) : PrintList(arguments, profile);
@@ -74,7 +77,7 @@ constexpr const char* kFooter =
     R"help(Start (ss), duration (t, pt), frame size (s), frame rate (r), picture interval (pi) and zoom are no
 part of the options: whoever starts the encoder applies them. --held-back adds those that the profile has.
 
-Without --list, --null, --shell, --for and --container the options are one text in which nothing is escaped: a
+Without --list, --null, --shell, --json, --for and --container the options are one text in which nothing is escaped: a
 value with a quotation mark adds options of its own, and a shell runs what stands in $(...). Give that text to
 no shell. --shell prints arguments that any POSIX shell reads as they are; --null is for xargs -0.
 
@@ -100,7 +103,9 @@ void AddArgsCommand(CLI::App& app, const GlobalOptions& global) {
     forms->add_flag("--null", arguments->nullTerminated, "Each argument ended by a null byte");
     forms->add_flag("--shell", arguments->forShell,
                     "One line for a POSIX shell (without another form, --for and --container do so too)");
+    forms->add_flag("--json", arguments->asJson, "JSON, for programs");
     forms->require_option(0, 1);
     command->footer(kFooter);
-    command->callback([arguments, &global] { PrintArgs(*arguments, ProfilesFolder(global.folder)); });
+    command->callback(
+        [arguments, &global] { PrintArgs(*arguments, FindProfilesFolder(global.folder).path); });
 }

@@ -7,7 +7,6 @@
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Settings.h"
-#include "kmFolders.h"
 #include "kmText.h"
 
 namespace {
@@ -45,7 +44,7 @@ void AddDialectOption(CLI::App& command, ArgumentChoices& choices) {
 }
 
 kmProfile LoadChosenProfile(const ArgumentChoices& choices, const kmString& folder) {
-    kmProfile profile = LoadProfile(folder, kmPathFromUtf8(choices.id));
+    kmProfile profile = LoadNamedProfile(folder, choices.id);
     for (const std::string& setting : choices.settings) ApplySetting(profile, setting, "--set");
     return profile;
 }

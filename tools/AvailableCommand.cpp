@@ -8,7 +8,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
@@ -21,6 +22,13 @@ namespace {
 struct AvailableArguments {
     std::string id;
     std::string encoder = "ffmpeg";
+    bool asJson = false;
+};
+
+// A profile and what the encoder lacks for it.
+struct Availability {
+    kmString id;
+    std::vector<kmMissingAbility> missing;
 };
 
 std::string Describe(const kmMissingAbility& missing) {
@@ -28,36 +36,53 @@ std::string Describe(const kmMissingAbility& missing) {
     return setting + ' ' + kmUtf8FromText(missing.value) + ": " + kmUtf8FromText(missing.sentence);
 }
 
-// Whether it runs.
-bool AddRow(std::vector<TableRow>& rows, const kmProfile& profile, const kmEncoderAbilities& abilities) {
-    const std::vector<kmMissingAbility> missing =
-        kmFindMissingAbilities(profile, KM_DIALECT_FFMPEG, abilities);
-    std::string id = kmUtf8FromPath(profile.GetID());
-    if (missing.empty()) rows.push_back({{id, "runs"}});
-    for (const kmMissingAbility& each : missing) {
-        rows.push_back({{id, Describe(each)}});
-        id.clear();
-    }
-    return missing.empty();
+Availability Judge(const kmProfile& profile, const kmEncoderAbilities& abilities) {
+    return {profile.GetID(), kmFindMissingAbilities(profile, KM_DIALECT_FFMPEG, abilities)};
 }
 
-void ShowAll(const kmEncoderAbilities& abilities, const kmString& folder) {
-    std::vector<TableRow> rows;
+std::vector<Availability> JudgeAll(const kmEncoderAbilities& abilities, const kmString& folder) {
+    std::vector<Availability> all;
     for (const kmProfileInfo& info : LoadCatalogue(folder).GetProfiles())
-        AddRow(rows, LoadProfile(folder, info.GetID()), abilities);
-    PrintTable(rows, 0);
+        all.push_back(Judge(LoadProfile(folder, info.GetID()), abilities));
+    return all;
 }
 
-void ShowOne(const std::string& id, const kmEncoderAbilities& abilities, const kmString& folder) {
+void PrintRows(const std::vector<Availability>& all) {
     std::vector<TableRow> rows;
-    const bool runs = AddRow(rows, LoadProfile(folder, kmPathFromUtf8(id)), abilities);
-    PrintTable(rows, 0);
-    if (!runs) throw Failure({});
+    for (const Availability& each : all) {
+        std::string id = kmUtf8FromPath(each.id);
+        if (each.missing.empty()) rows.push_back({{id, "runs"}});
+        for (const kmMissingAbility& missing : each.missing) {
+            rows.push_back({{id, Describe(missing)}});
+            id.clear();
+        }
+    }
+    PrintTable(rows, 0, {{"ID", "Runs, or what is missing"}});
+}
+
+void PrintAsJson(const std::vector<Availability>& all) {
+    Json profiles = Json::array();
+    for (const Availability& each : all) {
+        Json missing = Json::array();
+        for (const kmMissingAbility& ability : each.missing)
+            missing.push_back({{"option", JsonText(ability.option)},
+                               {"value", JsonText(ability.value)},
+                               {"needed", JsonText(ability.needed)},
+                               {"sentence", JsonText(ability.sentence)}});
+        profiles.push_back(
+            {{"id", JsonPath(each.id)}, {"runs", each.missing.empty()}, {"missing", std::move(missing)}});
+    }
+    PrintJson({{"profiles", std::move(profiles)}});
 }
 
 void ShowAvailable(const AvailableArguments& arguments, const kmString& folder) {
     const kmEncoderAbilities abilities = ReadAbilities(arguments.encoder);
-    arguments.id.empty() ? ShowAll(abilities, folder) : ShowOne(arguments.id, abilities, folder);
+    const bool isOne = !arguments.id.empty();
+    const std::vector<Availability> all =
+        isOne ? std::vector{Judge(LoadNamedProfile(folder, arguments.id), abilities)}
+              : JudgeAll(abilities, folder);
+    arguments.asJson ? PrintAsJson(all) : PrintRows(all);
+    if (isOne && !all.front().missing.empty()) throw Failure({});
 }
 
 }  // namespace
@@ -71,6 +96,7 @@ void AddAvailableCommand(CLI::App& app, const GlobalOptions& global) {
         ->add_option("--encoder", arguments->encoder,
                      "The encoder, ffmpeg or a program that takes its arguments (default: ffmpeg, from PATH)")
         ->type_name("PROGRAM");
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(
         R"(A profile "runs", or the settings are listed whose codec or format the encoder lacks. Nothing else is
 ever taken instead.
@@ -80,5 +106,6 @@ Exit status: 1 when the one profile that was asked for does not run.
 Examples:
   kmprofile available
   kmprofile available "Holiday Clips" --encoder /opt/ffmpeg/bin/ffmpeg)");
-    command->callback([arguments, &global] { ShowAvailable(*arguments, ProfilesFolder(global.folder)); });
+    command->callback(
+        [arguments, &global] { ShowAvailable(*arguments, FindProfilesFolder(global.folder).path); });
 }

@@ -14,6 +14,9 @@ struct GlobalOptions {
     std::string folder;  // the profiles folder in the system's own form; empty: the default one
 };
 
+void AddLintCommand(CLI::App& app, const GlobalOptions& global);
+void AddWhereCommand(CLI::App& app, const GlobalOptions& global);
+void AddInitCommand(CLI::App& app, const GlobalOptions& global);
 void AddListCommand(CLI::App& app, const GlobalOptions& global);
 void AddShowCommand(CLI::App& app, const GlobalOptions& global);
 void AddDiffCommand(CLI::App& app, const GlobalOptions& global);
@@ -29,3 +32,6 @@ void AddDeleteCommand(CLI::App& app, const GlobalOptions& global);
 void AddIconCommand(CLI::App& app, const GlobalOptions& global);
 void AddCheckCommand(CLI::App& app);
 void AddOptionsCommand(CLI::App& app);
+void AddCompletionCommand(CLI::App& app);
+void AddManualCommand(CLI::App& app);
+void AddHelpCommand(CLI::App& app);

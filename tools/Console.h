@@ -3,6 +3,7 @@
 // stays in Console.cpp.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,14 +11,22 @@
 // The arguments without the program's name.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
+// Before anything is opened: a file must not get the number of an output that is closed.
+void KeepStandardStreams();
+
 // Writes to standard output. A failure shows at the end, in FinishOutput.
 void Print(std::string_view text);
 
 // Writes a line that a program may read: as it is into a file or a pipe, printable on a terminal.
 void PrintExactly(std::string_view line);
 
-// Writes "kmprofile: ", the message and a line end to standard error; the message becomes one line.
+// Writes "kmprofile: ", the message and a line end to standard error; the message becomes one line. A warning
+// says that it is one.
 void PrintError(std::string_view message);
+void PrintWarning(std::string_view message);
+
+// The columns of the terminal that standard output goes to; 0 for a file, a pipe or an unknown width.
+std::size_t TerminalWidth();
 
 // Whether standard error is a terminal; and what only a terminal is told, as it is.
 bool ErrorGoesToTerminal();

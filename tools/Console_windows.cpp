@@ -63,6 +63,9 @@ std::vector<std::string> ProgramArguments(int, char**) {
     return arguments;
 }
 
+// A stream that is closed keeps its number here.
+void KeepStandardStreams() {}
+
 void Print(std::string_view text) {
     if (!Write(stdout, text)) outputLost = true;
 }
@@ -72,6 +75,15 @@ void PrintExactly(std::string_view line) {
 }
 
 void PrintError(std::string_view message) { Write(stderr, "kmprofile: " + Printable(message) + '\n'); }
+
+void PrintWarning(std::string_view message) { PrintError("warning: " + std::string(message)); }
+
+std::size_t TerminalWidth() {
+    CONSOLE_SCREEN_BUFFER_INFO info;
+    const HANDLE console = FindConsole(stdout);
+    if (console == nullptr || GetConsoleScreenBufferInfo(console, &info) == 0) return 0;
+    return static_cast<std::size_t>(info.srWindow.Right - info.srWindow.Left + 1);
+}
 
 bool ErrorGoesToTerminal() { return FindConsole(stderr) != nullptr; }
 

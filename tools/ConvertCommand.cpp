@@ -5,7 +5,7 @@
 
 #include "Arguments.h"
 #include "Commands.h"
-#include "Paths.h"
+#include "Folders.h"
 #include "conversion/Conversion.h"
 
 namespace {
@@ -53,5 +53,6 @@ void AddConvertCommand(CLI::App& app, const GlobalOptions& global) {
     command->add_flag("--force", request.mayReplace, "Replace an output that exists");
     command->add_flag("--keep", request.keepsHalf, "Keep what a failed conversion has written");
     command->footer(kFooter);
-    command->callback([arguments, &global] { ConvertFile(*arguments, ProfilesFolder(global.folder)); });
+    command->callback(
+        [arguments, &global] { ConvertFile(*arguments, FindProfilesFolder(global.folder).path); });
 }

@@ -7,31 +7,40 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Lookup.h"
 #include "Printable.h"
-#include "ProfileLoading.h"
+#include "kmFileFault.h"
 #include "kmFolders.h"
+#include "kmProfileFile.h"
 #include "kmProfileID.h"
+#include "kmText.h"
 
 namespace {
 
 std::string WhyNotDeleted(kmManager& catalogue, const kmString& id, const kmString& folder) {
+    const kmString userFolder = kmUserFolder(folder);
+    const kmString path = kmProfilePath(userFolder, id);
+    if (kmProfileFileExists(userFolder, id))
+        return kmUtf8FromPath(path) +
+               ": cannot be deleted: " + kmUtf8FromText(kmFileFaultText(kmLastFileFault()));
     const kmProfileInfo* info = catalogue.GetProfileInfo(id.c_str());
-    if (info == nullptr) {
-        LoadProfile(folder, id);  // throws with the reason, unless the ID is a path to a profile
-        return "no profile " + QuotedID(id) + " in the catalogue";
-    }
-    if (info->IsSystem()) return QuotedID(id) + " is a system profile, which is never deleted";
-    const kmString path = kmProfilePath(kmUserFolder(folder), id);
-    if (PathExists(path)) return kmUtf8FromPath(path) + ": cannot be deleted";
+    if (info != nullptr && info->IsSystem())
+        return QuotedID(id) + " is a system profile, which is never deleted";
     return QuotedID(id) +
            " is in the profiles folder itself; only those in its \"user\" subfolder are deleted";
 }
 
-void Delete(const kmString& wanted, const kmString& folder) {
+// The catalogue deletes its own profiles, with their icons; what no load takes is but a file.
+bool DeleteOne(kmManager& catalogue, const kmString& id, const kmString& folder) {
+    if (IsUsers(catalogue, id)) return catalogue.DeleteProfile(id);
+    return kmProfileFileExists(kmUserFolder(folder), id) && kmDeleteProfileFile(kmUserFolder(folder), id);
+}
+
+void Delete(const std::string& name, const kmString& folder) {
     kmManager& catalogue = LoadCatalogue(folder);
-    const kmString id = KnownID(catalogue, wanted);
-    if (!catalogue.DeleteProfile(id)) throw Failure(WhyNotDeleted(catalogue, id, folder));
+    const kmString id = FindProfileID(folder, name);
+    if (!DeleteOne(catalogue, id, folder)) throw Failure(WhyNotDeleted(catalogue, id, folder));
     Print("deleted " + QuotedID(id) + " from " + Printable(kmUtf8FromPath(kmUserFolder(folder))) + '\n');
 }
 
@@ -41,9 +50,9 @@ void AddDeleteCommand(CLI::App& app, const GlobalOptions& global) {
     auto id = std::make_shared<std::string>();
     CLI::App* command = app.add_subcommand("delete", "Delete a user profile");
     command->add_option("ID", *id, "The user profile")->required();
-    command->footer(R"(The file is gone for good.
+    command->footer(R"(The file is gone for good. One that cannot be read is deleted too.
 
 Example:
   kmprofile delete "Holiday Clips")");
-    command->callback([id, &global] { Delete(kmPathFromUtf8(*id), ProfilesFolder(global.folder)); });
+    command->callback([id, &global] { Delete(*id, FindProfilesFolder(global.folder).path); });
 }

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <CLI/CLI.hpp>
 #include <exception>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Commands.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
@@ -20,6 +22,13 @@ namespace {
 struct DiffArguments {
     std::string first;
     std::string second;
+    bool asJson = false;
+};
+
+struct Comparison {
+    kmString first;  // the profiles' IDs
+    kmString second;
+    kmDifferences differences;
 };
 
 // In quotation marks where a space at an end would not be seen.
@@ -49,33 +58,52 @@ std::string SettingName(const kmDifference& difference) {
     return difference.occurrence == 0 ? name : name + " (" + std::to_string(difference.occurrence + 1) + ')';
 }
 
-std::vector<TableRow> FindDifferences(const DiffArguments& arguments, const kmString& folder) {
-    const kmProfile first = LoadProfile(folder, kmPathFromUtf8(arguments.first));
-    const kmProfile second = LoadProfile(folder, kmPathFromUtf8(arguments.second));
+void PrintRows(const Comparison& comparison) {
     std::vector<TableRow> rows;
-    for (const kmDifference& difference : kmCompareProfiles(first, second)) {
-        if (rows.empty())
-            rows.push_back({{"", "", kmUtf8FromPath(first.GetID()), kmUtf8FromPath(second.GetID())}});
+    for (const kmDifference& difference : comparison.differences)
         rows.push_back({{SettingName(difference), FieldName(difference), ValueText(difference.first),
                          ValueText(difference.second)}});
-    }
-    return rows;
+    PrintTable(rows, 0,
+               {{"Setting", "Field", kmUtf8FromPath(comparison.first), kmUtf8FromPath(comparison.second)}});
+}
+
+// In the order of their enumeration.
+constexpr const char* kKinds[] = {"header", "field", "only-in-first", "only-in-second", "order"};
+static_assert(std::size(kKinds) == DIFFERENCE_ITEM_ORDER + 1);
+
+void PrintAsJson(const Comparison& comparison) {
+    Json differences = Json::array();
+    for (const kmDifference& difference : comparison.differences)
+        differences.push_back({{"kind", kKinds[difference.kind]},
+                               {"setting", JsonText(difference.id)},
+                               {"occurrence", difference.occurrence},
+                               {"field", JsonText(difference.field)},
+                               {"first", JsonText(difference.first)},
+                               {"second", JsonText(difference.second)}});
+    PrintJson({{"first", JsonPath(comparison.first)},
+               {"second", JsonPath(comparison.second)},
+               {"differences", std::move(differences)}});
 }
 
 // Whatever goes wrong in front of the answer must not look like "they differ".
-std::vector<TableRow> FindOrGiveUp(const DiffArguments& arguments, const kmString& folder) {
+Comparison CompareOrGiveUp(const DiffArguments& arguments, const kmString& folder) {
     try {
-        return FindDifferences(arguments, folder);
+        const kmProfile first = LoadNamedProfile(folder, arguments.first);
+        const kmProfile second = LoadNamedProfile(folder, arguments.second);
+        return {first.GetID(), second.GetID(), kmCompareProfiles(first, second)};
     } catch (const std::exception& error) {
         throw Failure(error.what(), kExitUsage);
     }
 }
 
 void Diff(const DiffArguments& arguments, const kmString& folder) {
-    const std::vector<TableRow> rows = FindOrGiveUp(arguments, folder);
-    if (rows.empty()) return;
-    PrintTable(rows, 0);
-    throw Failure("");
+    const Comparison comparison = CompareOrGiveUp(arguments, folder);
+    if (arguments.asJson) {
+        PrintAsJson(comparison);
+    } else {
+        PrintRows(comparison);
+    }
+    if (!comparison.differences.empty()) throw Failure("");
 }
 
 }  // namespace
@@ -85,6 +113,7 @@ void AddDiffCommand(CLI::App& app, const GlobalOptions& global) {
     CLI::App* command = app.add_subcommand("diff", "Print what differs between two profiles");
     command->add_option("ID", arguments->first, "The first profile")->required();
     command->add_option("OTHER", arguments->second, "The second profile")->required();
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(
         R"(A line for each difference: the setting (none for the header), the field as files call it, what the first
 profile has and what the second has. Nothing when they are equal.
@@ -93,5 +122,5 @@ Exit status, as that of diff: 0 equal; 1 different; 2 wrong arguments, or a prof
 
 Example:
   kmprofile diff "Phone 240p" "Holiday Clips")");
-    command->callback([arguments, &global] { Diff(*arguments, ProfilesFolder(global.folder)); });
+    command->callback([arguments, &global] { Diff(*arguments, FindProfilesFolder(global.folder).path); });
 }

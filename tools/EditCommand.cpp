@@ -11,7 +11,9 @@
 #include "CommonSettings.h"
 #include "Console.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
+#include "Lookup.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Refusals.h"
@@ -29,21 +31,28 @@ constexpr const char* kDiffers = "(differs)";
 
 using Selection = std::vector<kmProfile*>;
 
+struct EditArguments {
+    std::vector<std::string> words;
+    bool dryRun = false;
+    bool asJson = false;
+};
+
 struct EditRequest {
     std::vector<kmString> ids;
     std::vector<Setting> settings;
 };
 
 // An ID may look like a setting, so that profiles come first.
-EditRequest ReadRequest(const std::vector<std::string>& words, kmManager& catalogue) {
+EditRequest ReadRequest(const std::vector<std::string>& words, const kmString& folder) {
+    const std::vector<kmString> ids = ListIDs(folder);
     EditRequest request;
     for (const std::string& word : words) {
-        const kmString named = kmPathFromUtf8(word);
-        if (word.find('=') != std::string::npos && !IsProfile(catalogue, named)) {
+        const bool isID = std::binary_search(ids.begin(), ids.end(), kmPathFromUtf8(word));
+        if (word.find('=') != std::string::npos && !isID) {
             request.settings.push_back(ReadSetting(word));
             continue;
         }
-        const kmString id = KnownID(catalogue, named);
+        const kmString id = FindProfileID(folder, word);
         const bool isNew = std::find(request.ids.begin(), request.ids.end(), id) == request.ids.end();
         if (isNew) request.ids.push_back(id);
     }
@@ -57,7 +66,12 @@ TableRow SimpleRow(const CommonSetting& common, const kmProfileItem& item) {
                      item.GetSimpleReadOnly() ? kReadOnly : ""}};
     if (!item.GetSimpleHasCandidates()) return row;
     if (common.simpleText) row.cells[1] = kmUtf8FromText(*common.simpleText);
-    for (const kmString& text : item.GetSimpleCandidatesDisplay()) row.list.push_back(kmUtf8FromText(text));
+    const std::vector<kmString>& texts = item.GetSimpleCandidatesDisplay();
+    const std::vector<kmString>& values = item.GetSimpleCandidatesValue();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string text = kmUtf8FromText(texts[i]);
+        row.list.push_back(i < values.size() ? TextAndValue(text, kmUtf8FromText(values[i])) : text);
+    }
     return row;
 }
 
@@ -94,7 +108,7 @@ void ShowCommonView(const Selection& profiles) {
     for (const kmProfile* profile : profiles) {
         rows.push_back({{kmUtf8FromPath(profile->GetID()), OwnerName(profile->IsSystem())}});
     }
-    PrintTable(rows, 0);
+    PrintTable(rows, 0, {{"ID", "Owner"}});
     const std::vector<kmProfileItem> all = kmProfileList::GetAdvanceItems(profiles);
     if (all.empty()) Print("\nNo setting is common to them.\n");
     CommonSettings settings(profiles);
@@ -102,6 +116,28 @@ void ShowCommonView(const Selection& profiles) {
                     [&](const kmProfileItem& item) { return SimpleRow(settings.Of(item.GetID()), item); });
     PrintAdvancedView(
         all, [&](const kmProfileItem& item) { return AdvancedRow(settings.Of(item.GetID()), item); });
+}
+
+Json JsonOf(const CommonSetting& common, const kmProfileItem& item) {
+    Json choices = Json::array();
+    for (const auto& [value, text] : common.textOfValue)
+        choices.push_back({{"text", JsonText(text)}, {"value", JsonText(value)}});
+    return {{"id", JsonText(item.GetID())},
+            {"name", JsonText(item.GetAdvName())},
+            {"group", JsonText(item.GetAdvGroup())},
+            {"value", common.differs ? Json() : JsonText(common.value)},
+            {"differs", common.differs},
+            {"readOnly", common.isReadOnly},
+            {"choices", item.GetAdvHasCandidates() ? std::move(choices) : Json()}};
+}
+
+void PrintCommonJson(const Selection& profiles) {
+    Json json = {{"profiles", Json::array()}, {"settings", Json::array()}};
+    for (const kmProfile* profile : profiles) json["profiles"].push_back(JsonPath(profile->GetID()));
+    CommonSettings settings(profiles);
+    for (const kmProfileItem& item : kmProfileList::GetAdvanceItems(profiles))
+        json["settings"].push_back(JsonOf(settings.Of(item.GetID()), item));
+    PrintJson(json);
 }
 
 void RequireUserProfiles(const Selection& profiles) {
@@ -112,54 +148,67 @@ void RequireUserProfiles(const Selection& profiles) {
     }
 }
 
-void SetInAll(const Selection& profiles, const Setting& setting) {
-    kmString message;
-    if (!kmProfileList::IsValidValue(message, profiles, setting.name.c_str(), setting.value.c_str())) {
-        for (const kmProfile* profile : profiles) RequireAcceptable(*profile, setting);  // says which and why
+// In all or in none: a shown text may stand for another value in each.
+void SetInAll(const Selection& profiles, const Setting& setting, bool dryRun) {
+    std::vector<Setting> meant;
+    RequireOneLine(setting);
+    for (const kmProfile* profile : profiles) meant.push_back(Interpret(*profile, setting));
+    for (std::size_t i = 0; i < profiles.size(); ++i) {
+        if (dryRun) PrintChange(*profiles[i], meant[i]);
+        WarnAbout(*profiles[i], meant[i]);
+        profiles[i]->SetItemValue(meant[i].name.c_str(), meant[i].value.c_str());
     }
-    kmProfileList::SetItemValue(profiles, setting.name.c_str(), setting.value.c_str());
 }
 
 // Those that are saved stay so when a later one fails; the output tells which.
-void SaveAll(const Selection& profiles) {
+void SaveAll(const Selection& profiles, bool dryRun) {
     for (kmProfile* profile : profiles) {
         const kmString id = profile->GetID();
         const kmString folder = kmFolderOf(*profile);
-        const PROFILE_EERROR error = profile->Save(id, /*overwrite=*/true);
+        const PROFILE_EERROR error = dryRun ? PROFILE_ERROR_NONE : profile->Save(id, /*overwrite=*/true);
         if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotSaved(error, {id, id, folder}));
-        Print("saved " + QuotedID(id) + " in " + Printable(kmUtf8FromPath(folder)) + '\n');
+        Print((dryRun ? "would save " : "saved ") + QuotedID(id) + " in " +
+              Printable(kmUtf8FromPath(folder)) + '\n');
     }
 }
 
-void Edit(const std::vector<std::string>& words, const kmString& folder) {
-    const EditRequest request = ReadRequest(words, LoadCatalogue(folder));
+void Change(const Selection& profiles, const std::vector<Setting>& settings, bool dryRun) {
+    RequireUserProfiles(profiles);
+    for (const Setting& setting : settings) SetInAll(profiles, setting, dryRun);
+    SaveAll(profiles, dryRun);
+}
+
+void Edit(const EditArguments& arguments, const kmString& folder) {
+    LoadCatalogue(folder);
+    const EditRequest request = ReadRequest(arguments.words, folder);
     std::vector<kmProfile> loaded;
     loaded.reserve(request.ids.size());
     for (const kmString& id : request.ids) loaded.push_back(LoadProfile(folder, id));
     Selection profiles;
     profiles.reserve(loaded.size());
     for (kmProfile& profile : loaded) profiles.push_back(&profile);
-    if (request.settings.empty()) return ShowCommonView(profiles);
-    RequireUserProfiles(profiles);
-    for (const Setting& setting : request.settings) SetInAll(profiles, setting);
-    SaveAll(profiles);
+    if (!request.settings.empty()) return Change(profiles, request.settings, arguments.dryRun);
+    (arguments.asJson ? PrintCommonJson : ShowCommonView)(profiles);
 }
 
 }  // namespace
 
 void AddEditCommand(CLI::App& app, const GlobalOptions& global) {
-    auto words = std::make_shared<std::vector<std::string>>();
+    auto arguments = std::make_shared<EditArguments>();
     CLI::App* command = app.add_subcommand("edit", "Show or change several profiles as one");
-    command->add_option("ID|NAME=VALUE", *words, "The profiles, and what to change in all of them")
+    command->add_option("ID|NAME=VALUE", arguments->words, "The profiles, and what to change in all of them")
         ->type_name("")
         ->required();
+    command->add_flag("--dry-run", arguments->dryRun, "Say what would change, and save nothing");
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(
         R"(Without a change it shows what all of them have, and the choices that all of them offer. With one, every
 profile is saved under its own ID, if the value is acceptable for all and none is a system profile. What has
-a "=" and is no profile's ID is a change.
+a "=" and is no profile's ID is a change. A text that is shown for a choice stands for the value that it has in
+each profile.
 
 Examples:
   kmprofile edit "Holiday Clips" "Phone 240p"
   kmprofile edit "Holiday Clips" "Phone 240p" ab=128)");
-    command->callback([words, &global] { Edit(*words, ProfilesFolder(global.folder)); });
+    command->callback([arguments, &global] { Edit(*arguments, FindProfilesFolder(global.folder).path); });
 }

@@ -12,11 +12,11 @@
 #include "Console.h"
 #include "EstimateViews.h"
 #include "Failure.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Sizes.h"
-#include "kmFolders.h"
 #include "kmText.h"
 
 namespace {
@@ -48,6 +48,7 @@ struct EstimateArguments {
     std::optional<std::string> fit;
     bool explain = false;
     bool noAudio = false;
+    bool asJson = false;
 };
 
 struct FrameSize {
@@ -115,21 +116,22 @@ void Fit(const EstimateArguments& arguments, const kmString& folder) {
     const std::int64_t duration = ReadDuration(arguments.duration);
     const std::int64_t bytes = ReadWantedSize(*arguments.fit);
     if (duration == 0) throw UsageFailure("--duration: --fit needs one above 0");
-    const kmProfile profile = LoadProfile(folder, kmPathFromUtf8(arguments.id));
+    const kmProfile profile = LoadNamedProfile(folder, arguments.id);
     const kmVideoBitrateFit fit = kmFitVideoBitrate(profile, bytes, duration, !arguments.noAudio);
     if (fit.highest == 0) throw NothingFits(arguments, profile, bytes, duration);
-    PrintFit(fit);
+    (arguments.asJson ? PrintFitAsJson : PrintFit)(fit);
 }
 
 void Estimate(const EstimateArguments& arguments, const kmString& folder) {
     const std::int64_t duration = ReadDuration(arguments.duration);
     const FrameSize source = arguments.source ? ReadFrameSize(*arguments.source) : FrameSize();
-    const kmProfile profile = LoadProfile(folder, kmPathFromUtf8(arguments.id));
+    const kmProfile profile = LoadNamedProfile(folder, arguments.id);
     if (!arguments.source && NeedsSourceSize(profile)) {
         throw UsageFailure(Quoted(arguments.id) + " keeps the source's frame size: give it with --source");
     }
     const kmSizeEstimate estimate =
         kmExplainOutputFileSize(profile, duration, !arguments.noAudio, source.width, source.height);
+    if (arguments.asJson) return PrintEstimateAsJson(estimate);
     (arguments.explain ? PrintBreakdown : PrintEstimate)(estimate);
 }
 
@@ -154,8 +156,9 @@ void AddEstimateCommand(CLI::App& app, const GlobalOptions& global) {
                      "Print the highest video bit rates with which the output stays within SIZE instead")
         ->type_name("SIZE")
         ->excludes(explain);
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(kFooter);
     command->callback([arguments, &global] {
-        (arguments->fit ? Fit : Estimate)(*arguments, ProfilesFolder(global.folder));
+        (arguments->fit ? Fit : Estimate)(*arguments, FindProfilesFolder(global.folder).path);
     });
 }

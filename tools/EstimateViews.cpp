@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Console.h"
+#include "Json.h"
 #include "Sizes.h"
 #include "Table.h"
 
@@ -23,7 +24,7 @@ constexpr NamedStream kStreams[] = {{"video", &kmSizeEstimate::video},
 // In the order of their enumerations.
 constexpr const char* kOrigins[] = {"",          "profile", "middle candidate",
                                     "the input", "default", "fixed by the format"};
-constexpr const char* kCertainties[] = {"", "exact", "bounded", "rough", "unknown"};
+constexpr const char* kCertainties[] = {"absent", "exact", "bounded", "rough", "unknown"};
 static_assert(std::size(kOrigins) == BITRATE_ORIGIN_FORMAT + 1);
 static_assert(std::size(kCertainties) == SIZE_CERTAINTY_UNKNOWN + 1);
 
@@ -66,7 +67,7 @@ void PrintBreakdown(const kmSizeEstimate& estimate) {
                          kOrigins[size.origin], kCertainties[size.certainty]}});
     }
     rows.push_back({{"total", TotalText(estimate), "", "", ""}});
-    PrintTable(rows, 0);
+    PrintTable(rows, 0, {{"Stream", "Size", "Bit rate", "From", "Certainty"}});
 }
 
 void PrintFit(const kmVideoBitrateFit& fit) {
@@ -74,4 +75,23 @@ void PrintFit(const kmVideoBitrateFit& fit) {
                 {{"any", BitrateOrNone(fit.highest)}},
                 {{"certainty", kCertainties[fit.certainty]}}},
                0);
+}
+
+void PrintEstimateAsJson(const kmSizeEstimate& estimate) {
+    Json json = {{"totalBytes", estimate.total}, {"streams", Json::array()}};
+    for (const NamedStream& stream : kStreams) {
+        const kmStreamSize& size = estimate.*stream.size;
+        json["streams"].push_back({{"stream", stream.name},
+                                   {"bytes", size.bytes},
+                                   {"kbitPerSecond", size.bitrate},
+                                   {"origin", kOrigins[size.origin]},
+                                   {"certainty", kCertainties[size.certainty]}});
+    }
+    PrintJson(json);
+}
+
+void PrintFitAsJson(const kmVideoBitrateFit& fit) {
+    PrintJson({{"candidateKbitPerSecond", fit.candidate},
+               {"highestKbitPerSecond", fit.highest},
+               {"certainty", kCertainties[fit.certainty]}});
 }

@@ -12,3 +12,7 @@ void PrintBreakdown(const kmSizeEstimate& estimate);
 
 // The bit rates, at least one of which is above 0.
 void PrintFit(const kmVideoBitrateFit& fit);
+
+// The same for programs; an estimate always stream by stream.
+void PrintEstimateAsJson(const kmSizeEstimate& estimate);
+void PrintFitAsJson(const kmVideoBitrateFit& fit);

@@ -9,10 +9,12 @@
 #include "Catalogue.h"
 #include "Commands.h"
 #include "Failure.h"
-#include "LibraryMessages.h"
-#include "Paths.h"
+#include "Findings.h"
+#include "Folders.h"
+#include "Json.h"
+#include "Lookup.h"
 #include "Printable.h"
-#include "ProfileLoading.h"
+#include "Suggestion.h"
 #include "Table.h"
 #include "kmFolders.h"
 #include "kmIconParser.h"
@@ -23,42 +25,56 @@ namespace {
 // Answers for every ID that has no icon of its own, and may be asked for as well.
 constexpr const char* kDefaultIcon = "default";
 
-bool IsGroup(kmManager& catalogue, const std::string& name) {
+struct IconArguments {
+    std::string id;
+    bool group = false;
+    bool asJson = false;
+};
+
+// Its name as the catalogue spells it.
+kmString FindGroup(kmManager& catalogue, const std::string& name) {
     std::vector<kmGroup> groups = catalogue.GetSystemGroups();
     groups.push_back(catalogue.GetUserGroup());
     groups.push_back(catalogue.GetRecentGroup());
-    return std::any_of(groups.begin(), groups.end(),
-                       [&name](const kmGroup& group) { return kmUtf8FromText(group.GetName()) == name; });
+    std::vector<std::string> known;
+    for (const kmGroup& group : groups) {
+        if (kmSameName(group.GetName(), kmTextFromUtf8(name))) return group.GetName();
+        known.push_back(kmUtf8FromText(group.GetName()));
+    }
+    throw Failure("no group " + Quoted(name) + DidYouMean(name, known));
 }
 
-void RequireKnown(kmManager& catalogue, const std::string& id, bool group, const kmString& folder) {
-    if (id == kDefaultIcon) return;
-    if (group && !IsGroup(catalogue, id)) throw Failure("no group " + Quoted(id));
-    const kmString profileID = kmPathFromUtf8(id);
-    if (!group && !IsProfile(catalogue, profileID)) LoadProfile(folder, profileID);  // throws with the reason
+kmString KeyOf(const IconArguments& arguments, kmManager& catalogue, const kmString& folder) {
+    if (arguments.id == kDefaultIcon) return kmTextFromUtf8(arguments.id);
+    return arguments.group ? FindGroup(catalogue, arguments.id) : FindProfileID(folder, arguments.id);
 }
 
-std::string WhyNoIcon(const std::string& id) {
-    const kmString indexFile = KM_TEXT("\\pficon.con");
-    const std::vector<LibraryMessage>& messages = LibraryMessages();
-    const auto fault = std::find_if(messages.begin(), messages.end(), [&](const LibraryMessage& message) {
-        return !kmIsWarning(message.code) && message.path.ends_with(indexFile);
-    });
-    return "no icon for " + Quoted(id) + (fault == messages.end() ? "" : "; " + Describe(*fault));
+std::string WhyNoIcon(const std::string& id, const kmString& folder) {
+    const kmLoadReport report = kmReportLoad(folder);
+    const kmString indexFile = report.folder + KM_TEXT("pficon.con");
+    const auto fault = std::find_if(
+        report.findings.begin(), report.findings.end(),
+        [&](const kmLoadFinding& finding) { return !finding.isUsed && kmSameName(finding.path, indexFile); });
+    return "no icon for " + Quoted(id) + (fault == report.findings.end() ? "" : "; " + Describe(*fault));
 }
 
-void ShowIcon(const std::string& id, bool group, const kmString& folder) {
+void ShowIcon(const IconArguments& arguments, const kmString& folder) {
     kmManager& catalogue = LoadCatalogue(folder);
-    RequireKnown(catalogue, id, group, folder);
+    const kmString key = KeyOf(arguments, catalogue, folder);
     const kmIconParser& icons = *catalogue.GetIconParser();
-    const kmString key = group ? kmTextFromUtf8(id) : kmPathFromUtf8(id);
-    const std::int32_t index = icons.GetIconIndex(key.c_str(), group);
-    const kmString image = icons.GetImageFileName(key.c_str(), group);
-    if (image.empty()) throw Failure(WhyNoIcon(id));
+    const std::int32_t index = icons.GetIconIndex(key.c_str(), arguments.group);
+    const kmString image = icons.GetImageFileName(key.c_str(), arguments.group);
+    if (image.empty()) throw Failure(WhyNoIcon(arguments.id, folder));
     std::int32_t width = 0;
     std::int32_t height = 0;
     kmString transparentColor;
-    icons.GetIconInfo(width, height, transparentColor, group);
+    icons.GetIconInfo(width, height, transparentColor, arguments.group);
+    if (arguments.asJson)
+        return PrintJson({{"imageFile", JsonText(image)},
+                          {"index", index},
+                          {"width", width},
+                          {"height", height},
+                          {"transparentColour", JsonText(transparentColor)}});
     PrintTable({{{"Image file", kmUtf8FromText(image)}},
                 {{"Index", std::to_string(index)}},
                 {{"Size", std::to_string(width) + " x " + std::to_string(height)}},
@@ -69,19 +85,15 @@ void ShowIcon(const std::string& id, bool group, const kmString& folder) {
 }  // namespace
 
 void AddIconCommand(CLI::App& app, const GlobalOptions& global) {
-    struct IconArguments {
-        std::string id;
-        bool group = false;
-    };
     auto arguments = std::make_shared<IconArguments>();
     CLI::App* command = app.add_subcommand("icon", "Tell which icon belongs to a profile or a group");
     command->add_option("ID", arguments->id, "The profile, or the group's name")->required();
     command->add_flag("--group", arguments->group, "It is a group");
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(R"(One without an icon of its own has the one called "default".
 
 Examples:
   kmprofile icon "Holiday Clips"
   kmprofile icon "User Defined" --group)");
-    command->callback(
-        [arguments, &global] { ShowIcon(arguments->id, arguments->group, ProfilesFolder(global.folder)); });
+    command->callback([arguments, &global] { ShowIcon(*arguments, FindProfilesFolder(global.folder).path); });
 }

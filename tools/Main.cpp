@@ -6,11 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "CommandTree.h"
 #include "Commands.h"
 #include "Console.h"
 #include "Failure.h"
-#include "LibraryMessages.h"
+#include "Findings.h"
 #include "Printable.h"
+#include "Suggestion.h"
 
 namespace {
 
@@ -31,23 +33,27 @@ constexpr const char* kFooter = R"(Examples:
   kmprofile check s 640x480
   kmprofile options vcodec
 
-A profile's ID is its file name without ".pf". It is looked for in the profiles folder and then in that
-folder's "user" subfolder, which takes the copies of system profiles. Those of the system are never changed.
+A profile is given by its ID, which is its file name without ".pf", or by the name that it shows; letter case
+is free. It is looked for in the profiles folder ("kmprofile where" says which) and then in that folder's "user"
+subfolder, which takes the copies of system profiles. Those of the system are never changed.
+
+Data goes to standard output, messages and warnings go to standard error. --json prints data for programs.
 "kmprofile COMMAND --help" explains one command.
 
 Exit status: 0 done; 1 refused or failed; 2 wrong arguments. "diff" and "convert" have others too.)";
 
 void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.set_help_flag("-h,--help", "Print this help and exit");
-    app.add_option("--folder", global.folder,
-                   "The profiles folder (default: \"Profiles\" beside the program)")
+    app.add_option("--folder", global.folder, "The profiles folder (default: see kmprofile where)")
         ->type_name("DIR");
+    app.set_version_flag("--version", "kmprofile " KM_VERSION, "Print the version and exit");
     app.require_subcommand(1);
     app.fallthrough();  // subcommands inherit it: --folder may also follow the command
     app.allow_windows_style_options(false);
     app.footer(kFooter);
     AddListCommand(app, global);
     AddShowCommand(app, global);
+    AddLintCommand(app, global);
     AddDiffCommand(app, global);
     AddArgsCommand(app, global);
     AddExplainCommand(app, global);
@@ -61,19 +67,50 @@ void AddCommands(CLI::App& app, GlobalOptions& global) {
     AddIconCommand(app, global);
     AddCheckCommand(app);
     AddOptionsCommand(app);
+    AddWhereCommand(app, global);
+    AddInitCommand(app, global);
+    AddCompletionCommand(app);
+    AddManualCommand(app);
+    AddHelpCommand(app);
+}
+
+std::vector<std::string> OptionNames(const CLI::App& command) {
+    std::vector<std::string> names;
+    for (const OptionText& option : OptionsOf(command))
+        names.insert(names.end(), option.names.begin(), option.names.end());
+    return names;
+}
+
+std::string ExplainUnknown(const CLI::App& app, const std::string& word) {
+    std::vector<std::string> known = OptionNames(app);
+    for (const CLI::App* command : CommandsOf(app)) known.push_back(command->get_name());
+    return "unknown command or option " + Quoted(word) + DidYouMean(word, known);
+}
+
+std::string ExplainUnknownIn(const CLI::App& command, const std::string& word) {
+    if (!word.starts_with('-')) return command.get_name() + ": unexpected argument " + Quoted(word);
+    std::vector<std::string> known = OptionNames(command);
+    known.emplace_back("--folder");
+    return command.get_name() + ": unknown option " + Quoted(word) + DidYouMean(word, known);
 }
 
 // The parser's own words would call an unknown command a missing one.
 std::string Explain(const CLI::App& app, const CLI::ParseError& error) {
-    if (!app.get_subcommands().empty()) return error.what();
-    const std::vector<std::string> unknown = app.remaining();
-    if (!unknown.empty()) return "unknown command or option " + Quoted(unknown.front());
-    return dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ? "no command" : error.what();
+    const std::vector<std::string> unknown = app.remaining(/*recurse=*/true);
+    const std::vector<CLI::App*> commands = app.get_subcommands();
+    if (commands.empty()) {
+        if (!unknown.empty()) return ExplainUnknown(app, unknown.front());
+        return dynamic_cast<const CLI::RequiredError*>(&error) != nullptr ? "no command" : error.what();
+    }
+    const bool isExtra = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+    if (isExtra && !unknown.empty()) return ExplainUnknownIn(*commands.front(), unknown.front());
+    return commands.front()->get_name() + ": " + error.what();
 }
 
 int ReportParseResult(const CLI::App& app, const CLI::ParseError& result) {
     if (result.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
-        Print(app.help());
+        const bool isVersion = dynamic_cast<const CLI::CallForVersion*>(&result) != nullptr;
+        Print(isVersion ? std::string(result.what()) + '\n' : app.help());
         return kExitDone;
     }
     PrintError(Explain(app, result) + " (see kmprofile --help)");
@@ -84,7 +121,7 @@ int Run(std::vector<std::string> arguments) {
     GlobalOptions global;
     CLI::App app(kDescription, "kmprofile");
     AddCommands(app, global);
-    CollectLibraryMessages();
+    SilenceLibrary();
     std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
     try {
         app.parse(std::move(arguments));
@@ -100,6 +137,7 @@ int Run(std::vector<std::string> arguments) {
 }  // namespace
 
 int main(int argc, char** argv) {
+    KeepStandardStreams();
     int exitCode = kExitFailure;
     try {
         exitCode = Run(ProgramArguments(argc, argv));

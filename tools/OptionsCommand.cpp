@@ -4,15 +4,18 @@
 #include <cstdint>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "Commands.h"
-#include "Console.h"
 #include "Failure.h"
+#include "Json.h"
 #include "Printable.h"
+#include "Suggestion.h"
 #include "Table.h"
 #include "kmArgOption.h"
+#include "kmHeldBack.h"
 #include "kmText.h"
 
 namespace {
@@ -57,22 +60,47 @@ std::vector<std::string> SuggestedValues(const _ArgOption& option) {
     return values;
 }
 
-void ListOptions() {
-    std::vector<TableRow> rows = {{{"Name", "Default", "Meaning"}}};
-    for (int index = 0; const _ArgOption* option = kmArgOption::GetArgOption(index); ++index) {
-        rows.push_back(
-            {{kmUtf8FromText(option->name), TextOrNothing(option->defVal), TextOrNothing(option->comments)}});
-    }
-    PrintTable(rows, 0);
+using Options = std::vector<const _ArgOption*>;
+
+Options AllOptions() {
+    Options all;
+    for (int index = 0; const _ArgOption* option = kmArgOption::GetArgOption(index); ++index)
+        all.push_back(option);
+    return all;
 }
 
-void ShowOption(const std::string& name) {
-    const _ArgOption* option = kmArgOption::GetArgOption(kmTextFromUtf8(name).c_str());
-    if (option == nullptr) throw Failure("no option " + Quoted(name));
+void PrintRows(const Options& options) {
+    std::vector<TableRow> rows;
+    for (const _ArgOption* option : options)
+        rows.push_back(
+            {{kmUtf8FromText(option->name), TextOrNothing(option->defVal), TextOrNothing(option->comments)}});
+    PrintTable(rows, 0, {{"Name", "Default", "Meaning"}});
+}
+
+void PrintAsJson(const Options& options) {
+    Json all = Json::array();
+    for (const _ArgOption* option : options)
+        all.push_back({{"name", kmUtf8FromText(option->name)},
+                       {"kind", FlagsOf(*option)},
+                       {"default", TextOrNothing(option->defVal)},
+                       {"meaning", TextOrNothing(option->comments)},
+                       {"values", SuggestedValues(*option)},
+                       {"heldBack", kmIsHeldBack(option->name)}});
+    PrintJson({{"options", std::move(all)}});
+}
+
+const _ArgOption* FindOption(const std::string& name) {
+    if (const _ArgOption* option = kmArgOption::GetArgOption(kmTextFromUtf8(name).c_str())) return option;
+    std::vector<std::string> known;
+    for (const _ArgOption* option : AllOptions()) known.push_back(kmUtf8FromText(option->name));
+    throw Failure("no option " + Quoted(name) + DidYouMean(name, known));
+}
+
+void PrintOne(const _ArgOption& option) {
     const std::vector<TableRow> all = {
-        {{"Name"}, {kmUtf8FromText(option->name)}},     {{"Kind"}, FlagsOf(*option)},
-        {{"Default"}, {TextOrNothing(option->defVal)}}, {{"Meaning"}, {TextOrNothing(option->comments)}},
-        {{"Values"}, SuggestedValues(*option)},
+        {{"Name"}, {kmUtf8FromText(option.name)}},     {{"Kind"}, FlagsOf(option)},
+        {{"Default"}, {TextOrNothing(option.defVal)}}, {{"Meaning"}, {TextOrNothing(option.comments)}},
+        {{"Values"}, SuggestedValues(option)},
     };
     std::vector<TableRow> rows;
     std::copy_if(all.begin(), all.end(), std::back_inserter(rows),
@@ -80,15 +108,26 @@ void ShowOption(const std::string& name) {
     PrintTable(rows, 0);
 }
 
+struct OptionsArguments {
+    std::optional<std::string> name;
+    bool asJson = false;
+};
+
+void ShowOptions(const OptionsArguments& arguments) {
+    if (!arguments.name) return (arguments.asJson ? PrintAsJson : PrintRows)(AllOptions());
+    const _ArgOption* option = FindOption(*arguments.name);
+    arguments.asJson ? PrintAsJson({option}) : PrintOne(*option);
+}
+
 }  // namespace
 
 void AddOptionsCommand(CLI::App& app) {
-    auto name = std::make_shared<std::string>();
+    auto arguments = std::make_shared<OptionsArguments>();
     CLI::App* command = app.add_subcommand("options", "List the encoder's options, or explain one");
-    CLI::Option* wanted =
-        command->add_option("NAME", *name, "The option, without its \"-\"; letter case is free");
+    command->add_option("NAME", arguments->name, "The option, without its \"-\"; letter case is free");
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(R"(Examples:
   kmprofile options
   kmprofile options vcodec)");
-    command->callback([name, wanted] { wanted->count() == 0 ? ListOptions() : ShowOption(*name); });
+    command->callback([arguments] { ShowOptions(*arguments); });
 }

@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <iterator>
 
-#include "Catalogue.h"
-#include "Paths.h"
 #include "Printable.h"
+#include "kmFileFault.h"
 #include "kmFolders.h"
+#include "kmManager.h"
+#include "kmProfileFile.h"
 #include "kmProfileID.h"
+#include "kmText.h"
 
 namespace {
 
@@ -40,8 +42,14 @@ std::string NameOfSystemProfile(const kmString& id) {
     return QuotedID(id) + " is the name of a system profile; choose another";
 }
 
+// As the catalogue spells it.
 std::string ProfileExists(const kmString& id) {
-    return "a profile " + QuotedID(KnownID(kmManager::GetInstance(), id)) + " exists";
+    const kmProfileInfo* info = kmManager::GetInstance().GetProfileInfo(id.c_str());
+    return "a profile " + QuotedID(info == nullptr ? id : info->GetID()) + " exists";
+}
+
+std::string WhyNotWritten(const std::string& path) {
+    return path + ": cannot be written: " + kmUtf8FromText(kmFileFaultText(kmLastFileFault()));
 }
 
 }  // namespace
@@ -59,7 +67,7 @@ std::string WhyNotSaved(PROFILE_EERROR error, const WriteAttempt& attempt) {
                "; replace it with --overwrite";
     }
     const std::string reason = WhyNoFileName(attempt);
-    return reason.empty() ? PathOf(attempt) + ": cannot be written" : reason;
+    return reason.empty() ? WhyNotWritten(PathOf(attempt)) : reason;
 }
 
 std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt) {
@@ -76,7 +84,15 @@ std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt) {
     const std::string path = PathOf(attempt);
     if (attempt.targetExisted) return path + ": there is such a file already, though it is no profile";
     // The library moves a file that it cannot read all the same.
-    const bool wasMoved = PathExists(kmProfilePath(attempt.folder, attempt.newID));
-    return path +
-           (wasMoved ? ": renamed, but the new ID could not be written into it" : ": cannot be written");
+    const bool wasMoved = kmProfileFileExists(attempt.folder, attempt.newID);
+    return wasMoved ? path + ": renamed, but the new ID could not be written into it" : WhyNotWritten(path);
+}
+
+PROFILE_EERROR ForeseeSave(const WriteAttempt& attempt, bool mayReplace) {
+    const kmManager& catalogue = kmManager::GetInstance();
+    if (catalogue.IsSysName(attempt.newID)) return PROFILE_ERROR_SYSTEM;
+    const bool isTaken =
+        catalogue.ProfileExist(attempt.newID.c_str()) || kmProfileFileExists(attempt.folder, attempt.newID);
+    if (isTaken && !mayReplace) return PROFILE_ERROR_EXIST;
+    return WhyNoFileName(attempt).empty() ? PROFILE_ERROR_NONE : PROFILE_ERROR_FILE;
 }

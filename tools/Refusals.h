@@ -18,3 +18,6 @@ struct WriteAttempt {
 // Why kmProfile::Save, kmSaveAsNew or kmProfile::ReName refused.
 std::string WhyNotSaved(PROFILE_EERROR error, const WriteAttempt& attempt);
 std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt);
+
+// What saving would answer, as far as that can be told without doing it.
+PROFILE_EERROR ForeseeSave(const WriteAttempt& attempt, bool mayReplace);

@@ -7,17 +7,26 @@
 #include <string>
 #include <vector>
 
+#include "Catalogue.h"
 #include "Commands.h"
 #include "Console.h"
-#include "Paths.h"
+#include "Folders.h"
+#include "Json.h"
 #include "Printable.h"
 #include "ProfileLoading.h"
 #include "Table.h"
 #include "Views.h"
 #include "kmFolders.h"
+#include "kmProfileFile.h"
+#include "kmProfileID.h"
 #include "kmText.h"
 
 namespace {
+
+struct ShowArguments {
+    std::string id;
+    bool asJson = false;
+};
 
 constexpr const char* kFromSource = "as the source";
 
@@ -67,13 +76,21 @@ std::string AspectText(double ratio) {
     return text;
 }
 
+std::string PathOf(const kmProfile& profile) {
+    return kmUtf8FromPath(kmProfilePath(kmFolderOf(profile), profile.GetID()));
+}
+
 void PrintHeader(const kmProfile& profile) {
+    const kmProfileHeader header = kmHeaderOf(profile);
     std::vector<TableRow> rows = {
         {{"ID", kmUtf8FromPath(profile.GetID())}},
+        {{"Name", kmUtf8FromText(header.name)}},
+        {{"Description", kmUtf8FromText(header.desc)}},
         {{"Short name", kmUtf8FromText(profile.GetSName())}},
         {{"Format", kmUtf8FromText(profile.GetFormat())}},
         {{"Extension", kmUtf8FromText(profile.GetExtName())}},
-        {{"Belongs to", profile.IsSystem() ? "system" : "user"}},
+        {{"Belongs to", OwnerName(profile.IsSystem())}},
+        {{"File", PathOf(profile)}},
         {{"Type", TypeName(profile.GetType())}},
     };
     const auto has = [&profile](const kmChar* id) { return profile.ItemExist(id); };
@@ -89,21 +106,17 @@ void PrintHeader(const kmProfile& profile) {
 }
 
 using Texts = std::vector<kmString>;
-using CandidateText = std::string (*)(const Texts& display, const Texts& values, std::size_t index);
 
 // The text shown for the candidate; the lists of a damaged file may differ in length.
 std::string ShownText(const Texts& display, const Texts& values, std::size_t index) {
     return kmUtf8FromText(index < display.size() ? display[index] : values[index]);
 }
 
-std::string ShownTextAndValue(const Texts& display, const Texts& values, std::size_t index) {
-    return TextAndValue(ShownText(display, values, index), kmUtf8FromText(values[index]));
-}
-
-std::vector<std::string> Choices(const Texts& display, const Texts& values, CandidateText text) {
+std::vector<std::string> Choices(const Texts& display, const Texts& values) {
     std::vector<std::string> choices;
     choices.reserve(values.size());
-    for (std::size_t i = 0; i < values.size(); ++i) choices.push_back(text(display, values, i));
+    for (std::size_t i = 0; i < values.size(); ++i)
+        choices.push_back(TextAndValue(ShownText(display, values, i), kmUtf8FromText(values[i])));
     return choices;
 }
 
@@ -115,21 +128,72 @@ TableRow SimpleRow(const kmProfileItem& item) {
     if (!item.GetSimpleHasCandidates()) return row;
     const auto current = static_cast<std::size_t>(item.GetSimpleItemIndex());  // -1 becomes too large
     if (current < values.size()) row.cells[1] = ShownText(display, values, current);
-    row.list = Choices(display, values, ShownText);
+    row.list = Choices(display, values);
     return row;
 }
 
 TableRow AdvancedRow(const kmProfileItem& item) {
     TableRow row = {{kmUtf8FromText(item.GetAdvName()), kmUtf8FromText(item.GetID()),
                      kmUtf8FromText(item.GetValue()), item.GetAdvReadOnly() ? kReadOnly : ""}};
-    if (item.GetAdvHasCandidates()) {
-        row.list = Choices(item.GetAdvCandidatesDisplay(), item.GetAdvCandidatesValue(), ShownTextAndValue);
-    }
+    if (item.GetAdvHasCandidates())
+        row.list = Choices(item.GetAdvCandidatesDisplay(), item.GetAdvCandidatesValue());
     return row;
 }
 
-void Show(const kmString& id, const kmString& folder) {
-    const kmProfile profile = LoadProfile(folder, id);
+Json JsonChoices(bool hasAny, const Texts& display, const Texts& values) {
+    if (!hasAny) return {};
+    Json choices = Json::array();
+    for (std::size_t i = 0; i < values.size(); ++i)
+        choices.push_back({{"text", ShownText(display, values, i)}, {"value", JsonText(values[i])}});
+    return choices;
+}
+
+Json JsonOf(const kmProfileItem& item) {
+    return {{"id", JsonText(item.GetID())},
+            {"value", JsonText(item.GetValue())},
+            {"advanced",
+             {{"name", JsonText(item.GetAdvName())},
+              {"group", JsonText(item.GetAdvGroup())},
+              {"priority", item.GetAdvPriority()},
+              {"readOnly", item.GetAdvReadOnly()},
+              {"choices", JsonChoices(item.GetAdvHasCandidates(), item.GetAdvCandidatesDisplay(),
+                                      item.GetAdvCandidatesValue())}}},
+            {"simple",
+             {{"name", JsonText(item.GetSimpleName())},
+              {"priority", item.GetSimplePriority()},
+              {"readOnly", item.GetSimpleReadOnly()},
+              {"choices", JsonChoices(item.GetSimpleHasCandidates(), item.GetSimpleCandidatesDisplay(),
+                                      item.GetSimpleCandidatesValue())}}}};
+}
+
+Json JsonOf(const kmProfile& profile) {
+    const kmProfileHeader header = kmHeaderOf(profile);
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+    const bool hasSize = profile.GetSize(width, height) && width != 0;
+    Json settings = Json::array();
+    for (const kmProfileItem& item : profile.GetProfileItems()) settings.push_back(JsonOf(item));
+    return {{"id", JsonPath(profile.GetID())},
+            {"name", JsonText(header.name)},
+            {"description", JsonText(header.desc)},
+            {"shortName", JsonText(header.sName)},
+            {"format", JsonText(header.format)},
+            {"extension", JsonText(header.extName)},
+            {"owner", OwnerName(profile.IsSystem())},
+            {"file", PathOf(profile)},
+            {"type", TypeName(profile.GetType())},
+            {"width", hasSize ? Json(width) : Json()},
+            {"height", hasSize ? Json(height) : Json()},
+            {"zoom", profile.GetZoom()},
+            {"aspectRatio", profile.GetAspectratio()},
+            {"startMicroseconds", profile.GetStartTime()},
+            {"durationMicroseconds", profile.GetDuration()},
+            {"settings", std::move(settings)}};
+}
+
+void Show(const ShowArguments& arguments, const kmString& folder) {
+    const kmProfile profile = LoadNamedProfile(folder, arguments.id);
+    if (arguments.asJson) return PrintJson(JsonOf(profile));
     PrintHeader(profile);
     PrintSimpleView(profile.GetSimpleItems(), SimpleRow);
     PrintAdvancedView(profile.GetProfileItems(), AdvancedRow);
@@ -138,13 +202,15 @@ void Show(const kmString& id, const kmString& folder) {
 }  // namespace
 
 void AddShowCommand(CLI::App& app, const GlobalOptions& global) {
-    auto id = std::make_shared<std::string>();
+    auto arguments = std::make_shared<ShowArguments>();
     CLI::App* command = app.add_subcommand("show", "Show a profile and its settings");
-    command->add_option("ID", *id, "The profile")->required();
+    command->add_option("ID", arguments->id, "The profile")->required();
+    AddJsonFlag(*command, arguments->asJson);
     command->footer(
         R"(Choices follow each setting; in brackets the value to set, where it differs from the text.
 
-Example:
-  kmprofile show "Holiday Clips")");
-    command->callback([id, &global] { Show(kmPathFromUtf8(*id), ProfilesFolder(global.folder)); });
+Examples:
+  kmprofile show "Holiday Clips"
+  kmprofile show "Holiday Clips" --json)");
+    command->callback([arguments, &global] { Show(*arguments, FindProfilesFolder(global.folder).path); });
 }

@@ -39,7 +39,7 @@ void PrintSimpleView(std::vector<kmProfileItem> items, const RowOfItem& rowOf) {
     rows.reserve(items.size());
     for (const kmProfileItem& item : items) rows.push_back(rowOf(item));
     Print("\nSimple view\n");
-    PrintTable(rows, kIndent);
+    PrintTable(rows, kIndent, kSimpleHeadings);
 }
 
 void PrintAdvancedView(std::vector<kmProfileItem> items, const RowOfItem& rowOf) {
@@ -50,7 +50,7 @@ void PrintAdvancedView(std::vector<kmProfileItem> items, const RowOfItem& rowOf)
         const std::string name =
             group.name.empty() ? "other settings" : Printable(kmUtf8FromText(group.name));
         Print("\nAdvanced view: " + name + '\n');
-        PrintTable(group.rows, kIndent);
+        PrintTable(group.rows, kIndent, kAdvancedHeadings);
     }
 }
 

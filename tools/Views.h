@@ -13,6 +13,10 @@
 inline constexpr std::size_t kIndent = 2;
 inline constexpr const char* kReadOnly = "read-only";
 
+// The columns of the two views.
+inline const TableRow kSimpleHeadings = {{"Name", "Value", ""}, {"Choices"}};
+inline const TableRow kAdvancedHeadings = {{"Name", "Setting", "Value", ""}, {"Choices"}};
+
 using RowOfItem = std::function<TableRow(const kmProfileItem&)>;
 
 // Each prints its items by priority, a row each, under headings of their own; nothing without items.

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/FileFault.h"
 #include "platform/Files.h"
 #include "text/Encoding.h"
 #include "xml/Document.h"
@@ -47,7 +48,11 @@ FileText ConvertUtf8(Document& file, std::size_t count) {
 
 // `isOpen` is what came of opening the file.
 FileText LoadText(InputFile& file, bool isOpen) {
-    if (!isOpen || file.Size() > kLargestFile) return Failure(XML_ERROR_FILE_NOT_FOUND);
+    if (!isOpen) return Failure(XML_ERROR_FILE_NOT_FOUND);
+    if (file.Size() > kLargestFile) {
+        NoteFault(FILE_FAULT_TOO_LARGE);
+        return Failure(XML_ERROR_FILE_NOT_FOUND);
+    }
     if (file.Size() == 0) return Failure(XML_ERROR_NO_DATA);
     const auto size = static_cast<std::size_t>(file.Size());
     const std::size_t units = (size + 1) / 2;

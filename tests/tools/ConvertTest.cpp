@@ -101,7 +101,7 @@ const Ending kEndings[] = {
     {"missing_folder_not_named", "", "video in.avi none/o", 1, "none: no such folder\n", ""},
     {"file_as_folder", "", "video in.avi in.avi/o", 1, "in.avi: no such folder\n", ""},
     {"input_replaced", "printf new > $out", "video in.avi ./in.avi --force", 1, "./in.avi: is the input itself\n", ""},
-    {"missing_argument_tolerated", "", "video in.avi", 2, "OUTPUT is required", ""},
+    {"missing_argument_tolerated", "", "video in.avi", 2, "convert: OUTPUT is required", ""},
     {"pictures_not_written", "printf 1 > b001.jpg; printf 2 > b1000.jpg", "pictures in.avi b%03d.jpg", 0, "", "b001.jpg=1 b1000.jpg=2"},
     {"half_a_series_or_another_file", "printf 1 > b001.jpg; printf 2 > b1000.jpg; printf x > b1.jpg; exit 1", "pictures in.avi b%03d.jpg", 1, "encoder failed", "b1.jpg=x"},
     {"half_a_series_not_kept", "printf 1 > b1.jpg; exit 1", "pictures in.avi b%d.jpg --keep", 1, "encoder failed (status 1); the pictures written so far are b%d.jpg\n", "b1.jpg=1"},

@@ -115,9 +115,10 @@ TEST(Tool, AnswersOrRefusesWhateverAFileHolds) {
             EXPECT_TRUE(run.status >= 0 && run.status <= 2) << run;
             ExpectPlainText(run.output, run);
             ExpectPlainText(run.error, run);
-            const bool isOneLine = run.error.find('\n') + 1 == run.error.size();
-            EXPECT_TRUE(run.error.empty() || (run.error.starts_with("kmprofile: ") && isOneLine)) << run;
-            EXPECT_TRUE(run.status != 0 || run.error.empty()) << run;
+            std::istringstream lines(run.error);
+            for (std::string line; std::getline(lines, line);)
+                EXPECT_TRUE(line.starts_with(run.status == 0 ? "kmprofile: warning: " : "kmprofile: "))
+                    << run;
         }
     }
 }
@@ -155,9 +156,11 @@ struct Answer {
 };
 
 const Answer kAnswers[] = {
-    {"text_of_another_items_list", "edit double", 0, "  ab  2  2, 1\n  ab  2  9\n"},
-    {"backslash_taken_for_a_folder", "show back\\slash", 0, "ID          back\\slash\n"},
-    {"folder_of_an_unreadable_file", "show folder", 1, "p/user/folder.pf: cannot be read"},
+    {"text_of_another_items_list", "edit double", 0,
+     "  ab    ab       2         2, 1\n  ab    ab       2         9\n"},
+    {"backslash_taken_for_a_folder", "show back\\slash", 0, "ID           back\\slash\n"},
+    {"folder_of_an_unreadable_file", "show folder", 1,
+     "p/user/folder.pf: It is called like the file of a profile, but is a folder"},
     {"folder_of_a_saved_profile", "set good ab=96", 0, "saved \"good\" in p/user/\n"},
     {"system_profile_changed", "set system ab=96", 1, "\"system\" is a system profile; save a copy"},
     {"profile_replaced_unasked", "set good --as Double", 1, "a profile \"double\" exists"},
@@ -176,10 +179,30 @@ const Answer kAnswers[] = {
     {"nothing_fits_and_done", "estimate clip --duration 60 --fit 900K", 1, "the audio takes 960 000 bytes"},
     {"fit_without_video", "estimate good --duration 60 --fit 1M", 1, "\"good\" makes no video"},
     {"difference_not_shown", "diff good double", 1,
-     "good    double\nab      Value                    128     2\n"},
-    {"which_of_several_not_shown", "diff good double", 1, "ab (2)  only in the second"},
-    {"equal_profiles_differ", "diff good user/good", 0, ""},
+     "good    double\nab       Value                    128     2\n"},
+    {"which_of_several_not_shown", "diff good double", 1, "ab (2)   only in the second"},
+    {"equal_profiles_differ", "diff good GOOD", 0, ""},
+    {"id_taken_for_a_path", "diff good user/good", 2, "no profile \"user/good\" in p/"},
     {"unreadable_profile_differs", "diff good none", 2, "no profile \"none\" in p/\n"},
+    {"name_of_several_taken", "show n", 1, "several profiles are called \"n\"; give the ID: "},
+    {"shown_name_not_found", "show S", 0, "ID           system\nName         s\n"},
+    {"misspelt_id_unhelped", "show systme", 1, "did you mean \"system\"?"},
+    {"misspelt_setting_unhelped", "set good zom=1", 1, "has no setting \"zom\"; did you mean \"zoom\"?"},
+    {"misspelt_option_unhelped", "show good --jsn", 2, "show: unknown option \"--jsn\"; did you mean"},
+    {"text_of_a_choice_refused", "set good zoom=R --dry-run", 0, "zoom from \"1\" to \"2\"\n"},
+    {"dry_run_saves", "set good AB=96 --dry-run", 0,
+     "\"good\": ab from \"128\" to \"96\"\nwould save \"good\" in p/user/\n"},
+    {"line_break_saved", "set good ab=9@6", 1, "a saved value has no line break"},
+    {"odd_value_unmentioned", "set good ab=97", 0, "warning: ab=97: not among the choices of \"good\""},
+    {"name_too_long_unexplained", "set good --as " + std::string(300, 'x'), 1,
+     "cannot be written: the name is longer than the file system allows"},
+    {"broken_file_kept", "delete cut", 0, "deleted \"cut\" from p/user/\n"},
+    {"broken_file_not_renamed", "rename cut whole", 0, "warning: p/user/cut.pf: The file has no element"},
+    {"left_out_unmentioned", "list", 1, "kmprofile: p/user/headless.pf: The file has no element \"Main\".\n"},
+    {"filter_without_match", "list --id-filter none", 1, "no system profile matches the filter \"none\"\n"},
+    {"unknown_group_unhelped", "list --group user", 1, "no group \"user\""},
+    {"fault_not_found", "lint cut", 1, "p/user/cut.pf:1:2: error: "},
+    {"nothing_to_lint_is_clean", "lint none", 2, "no profile \"none\""},
     {"wrong_size_accepted", "estimate clip --duration 60 --fit 1.5", 2, "--fit: \"1.5\" is no size"},
 };
 
@@ -191,17 +214,38 @@ TEST(Tool, AnswersInItsOwnWords) {
         Write(folder, "p/clip.pf", Profile(Item("b", "Auto", "9,8", "900,800") + "<ab Value='128'/>"));
         folder.MakeFolder(KM_TEXT("p\\user\\folder.pf"));
         Write(folder, "p/user/back\\slash.pf", kGood);
+        Write(folder, "p/user/cut.pf", "<Profiles");
         Write(folder, "p/system.pf",
               Profile("<ab Value='1'/>", "<Name language='^s'/><IsSysProfile>yes</IsSysProfile>"));
         Write(folder, "p/double.pf",
               Profile(Item("ab", "2", "2,1", "2,1") + Item("ab", "9", "9", "9") +
                       "<t Value=' '/><SS Value='00:00:01'/>"));
-        const ToolRun run = RunTool(folder, CommandFor(row.command, {}));
+        const ToolRun run = RunTool(folder, CommandFor(row.command, "\n"));
         EXPECT_EQ(run.status, row.status) << row.name << ": " << run;
         EXPECT_NE((run.error.empty() ? run.output : run.error).find(row.part), std::string::npos)
             << row.name << " wants " << row.part << ": " << run;
         EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("p\\user\\headless.pf"))), "<Profiles/>") << row.name;
     }
+}
+
+TEST(Tool, FolderOfTheUserIsFilledOnceAndFound) {
+    const TemporaryFolder folder;
+    ::setenv("XDG_DATA_HOME", folder.SystemPath().c_str(), 1);
+    EXPECT_EQ(RunTool(folder, {"init"}).output.substr(0, 7), "copied ");
+    const std::string users = (folder.SystemPath() / "kmprofile/Profiles/").string();
+    Write(folder, "kmprofile/Profiles/pficon.con", "mine");
+    const ToolRun again = RunTool(folder, {"init"});
+    EXPECT_TRUE(again.output.starts_with("copied 0 files to " + users + ", left ")) << again;
+    EXPECT_EQ(ReadBytes(folder.SystemPath(KM_TEXT("kmprofile\\Profiles\\pficon.con"))), "mine");
+
+    ::setenv("KMPROFILE_FOLDER", users.c_str(), 1);
+    const ToolRun where = RunTool(folder, {"where"});
+    EXPECT_NE(where.output.find(users + "\nWhy      named by KMPROFILE_FOLDER\nExists   yes\n"),
+              std::string::npos)
+        << where;
+    EXPECT_EQ(RunTool(folder, {"show", "Holiday Clips"}).status, 0) << "the user's subfolder was not copied";
+    ::unsetenv("KMPROFILE_FOLDER");
+    ::unsetenv("XDG_DATA_HOME");
 }
 
 }  // namespace

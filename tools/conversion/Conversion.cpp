@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "Failure.h"
-#include "Paths.h"
+#include "conversion/SystemPaths.h"
 #include "conversion/ChildProcess.h"
 #include "conversion/ConversionOutput.h"
 #include "conversion/EncoderArguments.h"

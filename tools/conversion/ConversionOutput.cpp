@@ -2,7 +2,7 @@
 #include "conversion/ConversionOutput.h"
 
 #include "Failure.h"
-#include "Paths.h"
+#include "conversion/SystemPaths.h"
 #include "conversion/OutputChecks.h"
 #include "conversion/PictureSeries.h"
 #include "conversion/SingleOutput.h"

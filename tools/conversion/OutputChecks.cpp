@@ -4,7 +4,7 @@
 #include <system_error>
 
 #include "Failure.h"
-#include "Paths.h"
+#include "conversion/SystemPaths.h"
 
 namespace fs = std::filesystem;
 

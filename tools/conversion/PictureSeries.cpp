@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "Failure.h"
-#include "Paths.h"
+#include "conversion/SystemPaths.h"
 #include "conversion/OutputChecks.h"
 
 namespace fs = std::filesystem;

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "Failure.h"
-#include "Paths.h"
+#include "conversion/SystemPaths.h"
 #include "conversion/FileSteps.h"
 #include "conversion/OutputChecks.h"
 
