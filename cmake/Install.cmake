@@ -14,6 +14,16 @@ install(TARGETS kmprofile EXPORT kmprofile
     INCLUDES DESTINATION ${KM_HEADERS_DIR})
 if(KM_BUILD_TOOLS)
     install(TARGETS kmprofile_tool RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tool)
+    if(TARGET kmprofile_tool_texts)
+        set(printed ${PROJECT_BINARY_DIR}/tools)
+        install(FILES ${printed}/kmprofile.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tool)
+        install(FILES ${printed}/kmprofile.bash RENAME kmprofile COMPONENT tool
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+        install(FILES ${printed}/_kmprofile COMPONENT tool
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+        install(FILES ${printed}/kmprofile.fish COMPONENT tool
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
+    endif()
 endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/Profiles/ DESTINATION ${KM_PROFILES_DIR} COMPONENT samples)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${KM_DOCUMENTS_DIR} COMPONENT library)
