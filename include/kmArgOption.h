@@ -9,6 +9,7 @@
 
 // The bits of _ArgOption::flags. Only SWITCH, SWITCH_ONE, AUDIO, NOT_PASSED and LOWER_TEXT change what
 // the library does; the others are carried for the application.
+
 inline constexpr std::uint32_t ARG_SWITCH = 0x1;        // takes no value; written when "true" or "yes"
 inline constexpr std::uint32_t ARG_INTEGER = 0x2;       // integer-valued
 inline constexpr std::uint32_t ARG_TEXT = 0x80;         // free text

@@ -34,24 +34,24 @@ enum ARGUMENT_FATE : std::int32_t {
 
 // One setting of a profile.
 struct kmArgument {
-    kmString id;         // the item's ID, as the profile spells it
-    kmString value;      // as the profile has it
-    kmString corrected;  // the value that counted instead of it; empty when none did
-    ARGUMENT_FATE fate = ARGUMENT_WRITTEN;
-    std::vector<kmString> arguments;  // what it put into the list; empty when it was left out
-    kmString sentence;                // why, in English
+    kmString id;                            // the item's ID, as the profile spells it
+    kmString value;                         // as the profile has it
+    kmString corrected;                     // the value that counted instead of it; empty when none did
+    ARGUMENT_FATE fate = ARGUMENT_WRITTEN;  // what became of it
+    std::vector<kmString> arguments;        // what it put into the list; empty when it was left out
+    kmString sentence;                      // why, in English
 };
 
 // What to build. Held back are start ("ss"), duration ("t", else "pt"), both then given in seconds, frame
-// size
-// ("s", as width x height), frame rate ("r"), picture interval ("pi") and zoom.
+// size ("s", as width x height), frame rate ("r"), picture interval ("pi") and zoom.
 struct kmArgumentRequest {
-    KM_DIALECT dialect = KM_DIALECT_OWN;
-    bool withAudio = true;
+    KM_DIALECT dialect = KM_DIALECT_OWN;  // the encoder that is to understand them
+    bool withAudio = true;                // false: audio options are left out
     bool withHeldBack = false;   // what is held back too, as options, each at the place of its setting
     bool withContainer = false;  // at the end, the output format of the profile's header as "-f"
 };
 
+// A profile's arguments, and where each came from.
 struct kmArgumentList {
     // All of them, one an element, without quotation marks: those of the settings (whose filters are joined
     // to one argument), `streams`, those of `format`.

@@ -22,10 +22,10 @@ enum DIFFERENCE_KIND : std::int32_t {
 // what a file leaves out (0, a flag that is not set, an empty list) is empty. Two empty texts: the one is an
 // empty list, the other has one empty entry.
 struct kmDifference {
-    DIFFERENCE_KIND kind = DIFFERENCE_HEADER_FIELD;
-    kmString id;                  // the item's; empty for the header and the order
-    std::int32_t occurrence = 0;  // which of the items with that ID, from 0 on
-    kmString field;               // the name in the file, such as "SName" or "simpleName"; else empty
+    DIFFERENCE_KIND kind = DIFFERENCE_HEADER_FIELD;  // what it is about
+    kmString id;                                     // the item's; empty for the header and the order
+    std::int32_t occurrence = 0;                     // which of the items with that ID, from 0 on
+    kmString field;  // the name in the file, such as "SName" or "simpleName"; else empty
 
     // What each has: of a whole item the value, of the order the ID in the first place that differs.
     kmString first;
@@ -52,9 +52,10 @@ enum FILE_COMPARISON : std::int32_t {
     FILE_COMPARISON_UNREADABLE = 2,  // kmReadFileOf fails: there is nothing to compare with
 };
 
+// The answer of kmCompareWithFile.
 struct kmFileComparison {
-    FILE_COMPARISON result = FILE_COMPARISON_UNREADABLE;
-    kmDifferences differences;  // the profile's side is the first
+    FILE_COMPARISON result = FILE_COMPARISON_UNREADABLE;  // in one word
+    kmDifferences differences;                            // the profile's side is the first
 };
 
 // Compares the profile with what its file says now, whatever the changed flag says. "Name" and "IsSysProfile"

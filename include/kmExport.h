@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// KM_EXPORT marks what the shared library makes visible to its users; everything else stays inside.
-// An application that links the static library instead defines KMPROFILE_STATIC, and exports nothing of it.
+// What the shared library shows to its users.
 #pragma once
 
+// Marks what the shared library makes visible to its users; everything else stays inside. An application that
+// links the static library instead defines KMPROFILE_STATIC, and exports nothing of it.
 #if defined(KMPROFILE_STATIC)
 #define KM_EXPORT
 #elif !defined(_WIN32)

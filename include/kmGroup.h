@@ -12,6 +12,7 @@ KM_CLASSES_BEGIN
 // A name and the IDs of the group's profiles in the order in which they were added; owns both.
 class KM_EXPORT kmGroup {
 public:
+    // A group without a name and without profiles; copies own their texts.
     kmGroup() = default;
     kmGroup(const kmGroup& other) = default;
     kmGroup(kmGroup&& other) noexcept = default;

@@ -19,8 +19,10 @@ KM_CLASSES_BEGIN
 // thread at a time.
 class KM_EXPORT kmIconParser {
 public:
+    // The one object of the process.
     static kmIconParser& GetInstance();
 
+    // Copies are tables of their own, which nothing refills but their own InitParser.
     kmIconParser(const kmIconParser& other) = default;
     kmIconParser& operator=(const kmIconParser& other) = default;
 
@@ -47,6 +49,8 @@ public:
     bool CopyIconFrom(const kmChar* target, const kmChar* source);
 
 protected:
+    // Without icons, and with the settings that hold until a file says otherwise: one image file for all,
+    // icons of 16 x 16 pixels, "RGB(0, 0, 0)".
     kmIconParser();
     virtual ~kmIconParser();
 

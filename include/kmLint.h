@@ -8,6 +8,7 @@
 #include "kmExport.h"
 #include "kmTypes.h"
 
+// How much a finding matters.
 enum LINT_SEVERITY : std::int32_t {
     LINT_NOTE = 0,     // works; good to know
     LINT_WARNING = 1,  // used, but hardly as its author meant it
@@ -76,11 +77,11 @@ enum LINT_CODE : std::int32_t {
 // What all findings of a code have in common. In the texts $0 stands for the finding's subject, $1 and $2 for
 // what else the finding tells. Everything is constant.
 struct kmLintRule {
-    LINT_CODE code;
-    const char* name;  // short and stable, such as "unknown-option"
-    LINT_SEVERITY severity;
-    const kmChar* what;
-    const kmChar* advice;
+    LINT_CODE code;          // the number
+    const char* name;        // short and stable, such as "unknown-option"
+    LINT_SEVERITY severity;  // of all its findings
+    const kmChar* what;      // one sentence, in English
+    const kmChar* advice;    // one more: what to do
 };
 
 // The rule of that code; null for any other number. The codes run from 1 without a gap.
@@ -89,11 +90,11 @@ KM_EXPORT const kmLintRule* kmFindLintRule(std::int32_t code);
 // One finding. Texts out of files stand in `what` and `advice` shortened, with every control character
 // replaced, so that they can be shown anywhere; `subject` is shortened alone.
 struct kmLintFinding {
-    LINT_CODE code = LINT_XML_ERROR;
-    LINT_SEVERITY severity = LINT_NOTE;
-    const char* name = "";    // the rule's
-    kmString path;            // of the file or folder
-    std::int32_t line = 0;    // from 1; 0 when the finding is about the file as a whole
+    LINT_CODE code = LINT_XML_ERROR;     // the rule
+    LINT_SEVERITY severity = LINT_NOTE;  // the rule's
+    const char* name = "";               // the rule's
+    kmString path;                       // of the file or folder
+    std::int32_t line = 0;               // from 1; 0 when the finding is about the file as a whole
     std::int32_t column = 0;  // from 1, in UTF-16 units, of the name or value that it is about; 0 likewise
     kmString subject;         // the setting, element, attribute, group or ID that it is about; may be empty
     kmString suggestion;      // what to write instead, where that can be told; else empty

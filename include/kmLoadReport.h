@@ -30,7 +30,7 @@ enum LOAD_FAULT : std::int32_t {
 
 // One thing that is not as the files would have it.
 struct kmLoadFinding {
-    LOAD_FAULT fault = LOAD_FAULT_XML;
+    LOAD_FAULT fault = LOAD_FAULT_XML;  // why
     bool isUsed = false;                // in part, or not as it was meant; false: left out
     kmString path;                      // of the file or folder; a folder with a final "\"
     kmString other;                     // of a shadowed profile: the file that is found instead of it
@@ -40,6 +40,7 @@ struct kmLoadFinding {
     kmString reason;                    // one sentence, in English
 };
 
+// What became of every file of a profiles folder.
 struct kmLoadReport {
     kmString folder;                      // the profiles folder, with a final "\"
     std::vector<kmString> taken;          // the paths of the files that became records, in the records' order

@@ -23,8 +23,11 @@ KM_CLASSES_BEGIN
 // are results.
 class KM_EXPORT kmManager {
 public:
+    // The one object of the process.
     static kmManager& GetInstance();
 
+    // Copies hold what the catalogue holds, its callbacks included. Saving and renaming tell the object of
+    // the process alone.
     kmManager(const kmManager& other);
     kmManager& operator=(const kmManager& other);
 
@@ -81,15 +84,27 @@ public:
     void RegisterChangedCallback(ProfileChangedCallback callback, void* userData);
 
 protected:
+    // An empty catalogue.
     kmManager();
     virtual ~kmManager();
 
+    // Forgets the system's groups, the profiles in the user's group, and all records.
     void Delete();
+
+    // Reads every profile file of `folder`, which ends with "\", or the one called `fileName`, into records
+    // and groups; with `skipSystem` no system profile.
     void LoadProfile(const kmString& folder, bool skipSystem);
     void AddProfileInfo(const kmString& fileName, const kmString& folder, bool skipSystem);
+
+    // Whether the filters take a system profile of that ID for that group.
     bool CanLoad(const kmChar* id, const kmChar* groupName);
+
+    // Puts the ID into the system group of exactly that name, which is made if there is none, or into
+    // `group`; an ID that is there already is not put in again. A null name does nothing.
     void AddGroup(const kmProfileInfo& info, const kmChar* groupName);
     void AddProfileIDToGroup(kmGroup& group, const kmString& id);
+
+    // Puts the system groups into display order.
     void Sort();
 
 private:

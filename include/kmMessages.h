@@ -45,6 +45,7 @@ struct kmMessage {
     std::int32_t column;  // from 1, in UTF-16 units; 0 likewise
 };
 
+// What takes the messages instead of the standard output; see kmSetMessageHandler.
 using kmMessageHandler = void (*)(const kmMessage& message, void* userData);
 
 // From now on gives every message to `handler`, with `userData` as it is, instead of printing it on

@@ -19,6 +19,7 @@ KM_CLASSES_BEGIN
 // by their exact ID; a null ID finds none.
 class KM_EXPORT kmProfile {
 public:
+    // A profile without ID, settings and folder. Copies own their items and keep the changed flag.
     kmProfile() = default;
     kmProfile(const kmProfile& other) = default;
     kmProfile(kmProfile&& other) noexcept = default;
@@ -49,7 +50,8 @@ public:
     bool GetChangedFlag() const { return m_changedFlag; }
     void SetChangedFlag(bool changed) { m_changedFlag = changed; }
 
-    // The settings themselves. References into the list live until it changes size, which a load does.
+    // The settings themselves, in file order. References into the list live until it changes size, which a
+    // load does.
     std::vector<kmProfileItem>& GetProfileItems() { return m_items; }
     const std::vector<kmProfileItem>& GetProfileItems() const { return m_items; }
 
@@ -104,6 +106,7 @@ public:
     // Copies of the items that have a simple name, in the profile's order.
     std::vector<kmProfileItem> GetSimpleItems() const;
 
+    // What the profile produces, told by which settings it has, whatever their values.
     PROFILE_TYPE GetType() const;
 
     // The output frame size in pixels; 0 x 0 with true stands for the source's size ("Auto"). False with 0 x
@@ -127,22 +130,22 @@ public:
     // WMA needs at 320 kbit/s ("ar") in the profile first, which also sets the changed flag.
     kmString GetAvcString(bool withAudio);
 
-    // Estimates of the output's size in bytes. Durations in microseconds, sizes in pixels, the source's bit
+    // Estimates the output's size in bytes, from the profile's own settings; of pictures when the profile
+    // makes pictures. In all estimates durations are in microseconds, sizes in pixels and the source's bit
     // rates in bit/s; settings that are missing or no numbers count as 0. kmSizeEstimate.h tells what an
     // estimate is made of, and which 0 means that nobody knows.
-
-    // From the profile's own settings; pictures when the profile makes pictures.
     std::int64_t CalcOutputFileSize(std::int64_t duration, bool withAudio, int sourceWidth,
                                     int sourceHeight) const;
 
-    // With the source's bit rates where the profile has none. `streams`: 1 counts video, 2 audio.
+    // The estimate with the source's bit rates where the profile has none. `streams`: 1 counts video, 2
+    // audio.
     std::int64_t CalcAVOutputFileSize(std::int64_t duration, int sourceAudioBitrate, int sourceVideoBitrate,
                                       int streams) const;
 
-    // Pictures; 0 for a profile that makes none. The duration is not used.
+    // The estimate of pictures; 0 for a profile that makes none. The duration is not used.
     std::int64_t CalcImageOutputFileSize(std::int64_t duration, int sourceWidth, int sourceHeight) const;
 
-    // Video alone; without a bit rate the middle one of its advanced candidates counts.
+    // The estimate of the video alone; without a bit rate the middle one of its advanced candidates counts.
     std::int64_t CalcP2VOutputFileSize(std::int64_t duration) const;
 
     // The frame size in pixels that the codec accepts: the nearest of five for "h263", 0 x 0 for a null or

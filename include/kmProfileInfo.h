@@ -11,6 +11,7 @@ KM_CLASSES_BEGIN
 // nothing; assignment and SetIsSystem always work.
 class KM_EXPORT kmProfileInfo {
 public:
+    // A record of nothing; copies own their texts.
     kmProfileInfo() = default;
     kmProfileInfo(const kmProfileInfo& other) = default;
     kmProfileInfo(kmProfileInfo&& other) noexcept = default;
@@ -28,8 +29,10 @@ public:
     // The output file extension.
     kmString GetExtname() const { return m_extName; }
 
+    // Whether the file marks the profile as one of the system's.
     bool IsSystem() const { return m_isSystem; }
 
+    // Change the record alone, not the file; the texts of a system profile's record not at all.
     void SetID(const kmString& id);
     void SetName(const kmString& name);
     void SetDesc(const kmString& desc);

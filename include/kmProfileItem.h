@@ -15,6 +15,7 @@ KM_CLASSES_BEGIN
 // lists of one view are meant to have the same length; nothing enforces it. One thread at a time.
 class KM_EXPORT kmProfileItem {
 public:
+    // An item without ID and value, which no view shows; copies own their texts and lists.
     kmProfileItem() = default;
     kmProfileItem(const kmProfileItem& other) = default;
     kmProfileItem(kmProfileItem&& other) noexcept = default;

@@ -13,6 +13,7 @@
 // finds none. Changes go into the profiles, which are marked as changed; nothing is saved. Keeps no state.
 class KM_EXPORT kmProfileList {
 public:
+    // Does nothing: there is no state to assign.
     kmProfileList& operator=(const kmProfileList&) { return *this; }
 
     // Whether every profile has the item and `value` is acceptable for it; see kmProfileItem::Check for

@@ -34,19 +34,19 @@ enum BITRATE_ORIGIN : std::int32_t {
 // One stream. A stream that counts although the profile turns it off, with "vn" or "an" of "true", is one
 // like any other: only "false" has ever left a stream out.
 struct kmStreamSize {
-    std::int64_t bytes = 0;
-    double bitrate = 0;  // kbit/s
-    BITRATE_ORIGIN origin = BITRATE_ORIGIN_NONE;
-    SIZE_CERTAINTY certainty = SIZE_CERTAINTY_ABSENT;
+    std::int64_t bytes = 0;                            // what the stream takes
+    double bitrate = 0;                                // kbit/s
+    BITRATE_ORIGIN origin = BITRATE_ORIGIN_NONE;       // of the bit rate
+    SIZE_CERTAINTY certainty = SIZE_CERTAINTY_ABSENT;  // of the bytes
 };
 
 // A whole estimate. The bytes of the streams add up to the total, which is cut to whole bytes once, so that
 // the audio takes up what cutting the video left. "dv" has one bit rate for all, which stands for the video.
 struct kmSizeEstimate {
-    kmStreamSize video;
-    kmStreamSize audio;
-    kmStreamSize pictures;
-    std::int64_t total = 0;
+    kmStreamSize video;      // moving pictures
+    kmStreamSize audio;      // sound
+    kmStreamSize pictures;   // still ones, of a profile that makes them
+    std::int64_t total = 0;  // bytes
 };
 
 // The estimates of kmProfile::CalcOutputFileSize, CalcAVOutputFileSize, CalcImageOutputFileSize and

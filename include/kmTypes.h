@@ -17,6 +17,7 @@ using kmChar = char16_t;
 #endif
 static_assert(sizeof(kmChar) == 2, "texts are UTF-16");
 
+// Every name, value and path.
 using kmString = std::basic_string<kmChar>;
 
 // What a profile produces, decided by the settings that it has (kmProfile::GetType).
