@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The README's table of the rooms, lowest first, is the order that the sources have to keep.
+// The table of the rooms in docs/architecture.md, lowest first, is the order that the sources have to keep.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -11,6 +11,7 @@
 namespace {
 
 const std::filesystem::path kSource = KM_SOURCE_DIR;
+constexpr const char* kDocument = "docs/architecture.md";
 
 using Ranks = std::map<std::string, int>;  // of the rooms ("xml") and of the public headers ("kmTypes.h")
 
@@ -19,9 +20,9 @@ Ranks ReadTable() {
     const std::regex row(R"(\| `(\w+)/` \| (.*?) ?\|.*)"), header("`([^`]+)`");
     Ranks ranks;
     int rank = 0;
-    std::ifstream readme(kSource / "README.md");
+    std::ifstream document(kSource / kDocument);
     std::smatch cells;
-    for (std::string line; std::getline(readme, line);) {
+    for (std::string line; std::getline(document, line);) {
         if (!std::regex_match(line, cells, row)) continue;
         ranks[cells[1]] = ++rank;
         const std::string headers = cells[2];
@@ -39,14 +40,14 @@ void ExpectIncludesOfLowerRooms(const std::filesystem::path& path, int rank, con
         if (!std::regex_match(line, match, include)) continue;
         const auto owner = ranks.find(match[2]);  // the room of an included header, or a public header
         ASSERT_NE(owner, ranks.end())
-            << path << " includes " << match[1] << ", which has no room in README.md";
+            << path << " includes " << match[1] << ", which has no room in " << kDocument;
         EXPECT_LE(owner->second, rank) << path << " includes " << match[1] << " of a higher room";
     }
 }
 
 TEST(Layers, IncludeOnlyLowerOnes) {
     const Ranks ranks = ReadTable();
-    ASSERT_TRUE(ranks.count("text") == 1 && ranks.count("list") == 1) << "no table in README.md";
+    ASSERT_TRUE(ranks.count("text") == 1 && ranks.count("list") == 1) << "no table in " << kDocument;
     for (const auto& [name, rank] : ranks) {
         if (name.ends_with(".h")) {
             ExpectIncludesOfLowerRooms(kSource / "include" / name, rank, ranks);
