@@ -58,7 +58,7 @@ struct kmArgumentList {
     std::vector<kmString> arguments;
     std::vector<kmArgument> settings;  // one for each item of the profile, in its order
     kmArgument format;                 // the output format of the header, as a setting without an ID
-    std::vector<kmString> streams;     // "-vn", "-an": those that no setting wrote
+    std::vector<kmString> streams;     // "-vn", "-an"; for KM_DIALECT_OWN only where no setting wrote it
 };
 
 // The arguments between an encoder's input and its output. For KM_DIALECT_OWN and nothing held back they are
