@@ -1,0 +1,15 @@
+# SPDX-License-Identifier: MIT
+# Runs PROGRAM in FOLDER, beside a fresh copy of SAMPLES; its output has to be what the file EXPECTED holds, if it exists.
+file(REMOVE_RECURSE ${FOLDER})
+file(COPY ${SAMPLES} DESTINATION ${FOLDER})
+execute_process(COMMAND ${PROGRAM} WORKING_DIRECTORY ${FOLDER} OUTPUT_VARIABLE came RESULT_VARIABLE status)
+message("${came}")
+if(NOT status EQUAL 0)
+    message(FATAL_ERROR "${PROGRAM}\nexpected: exit status 0\ncame:     ${status}")
+endif()
+if(EXISTS ${EXPECTED})
+    file(READ ${EXPECTED} expected)
+    if(NOT came STREQUAL expected)
+        message(FATAL_ERROR "${PROGRAM}\nexpected:\n${expected}\ncame:\n${came}")
+    endif()
+endif()
