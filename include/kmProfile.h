@@ -35,11 +35,15 @@ public:
     kmString GetID() const { return m_id; }
     void SetID(const kmString& id) { m_id = id; }
 
-    // Short name, output container format, output file extension.
+    // The short name.
     kmString GetSName() const { return m_header.sName; }
     void SetSName(const kmString& name) { m_header.sName = name; }
+
+    // The output container format.
     kmString GetFormat() const { return m_header.format; }
     void SetFormat(const kmString& format) { m_header.format = format; }
+
+    // The output file extension.
     kmString GetExtName() const { return m_header.extName; }
     void SetExtName(const kmString& extName) { m_header.extName = extName; }
 
@@ -58,6 +62,8 @@ public:
     // The first item of that ID, or null. Valid as long as references into the list are.
     kmProfileItem* GetProfileItem(const kmChar* id);
     const kmProfileItem* GetProfileItem(const kmChar* id) const;
+
+    // Whether there is an item of that ID.
     bool ItemExist(const kmString& id) const;
 
     // Reads the file of the current ID from `folder`, else from its "user" subfolder; an empty `folder` means

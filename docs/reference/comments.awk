@@ -47,6 +47,21 @@ function begins_declaration(code) {
     return is_complete && code !~ /^ *(#(pragma|include|if|else|elif|endif|undef)|static_assert|KM_CLASSES_|(public|protected):|}|$)/
 }
 
+# The words about each code of advice stand in the table of the rules alone, the first file given.
+FILENAME ~ /kmLintRules/ {
+    if (match($0, /{LINT_[A-Z_]+, "[^"]*", LINT_[A-Z]+/)) {
+        split(substr($0, RSTART + 1, RLENGTH - 1), cell, ", ")
+        severity = tolower(substr(cell[3], length("LINT_") + 1))
+    } else if (/^ *KM_TEXT\("/) {
+        text = $0
+        sub(/^ *KM_TEXT\("/, "", text)
+        sub(/"\), KM_TEXT.*/, "", text)
+        gsub(/\\"/, "\"", text)
+        rule[cell[1]] = plain(cell[2] ", " severity ": " text)
+    }
+    next
+}
+
 FNR == 1 { is_complete = 1; print ""; next }  # the licence
 
 /^private:/ { is_private = 1 }
@@ -79,6 +94,9 @@ is_private { next }
         else print_block()
         is_used = 1
     }
+    name = code
+    gsub(/[^A-Z_]/, "", name)
+    if (in_enumeration && name in rule) comment = rule[name]
     match($0, /^ */)
     code_indent = RLENGTH
     after_trailing = comment != ""
