@@ -14,9 +14,6 @@
 
 namespace {
 
-// Options that an encoder takes once, each with one list of filters.
-constexpr kmStringView kFilterLists[] = {KM_TEXT("-vf"), KM_TEXT("-af")};
-
 struct GrowingText {
     kmString text;
     GrowingText& Put(kmChar unit) {

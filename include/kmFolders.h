@@ -26,7 +26,7 @@ KM_EXPORT std::string kmUtf8FromPath(const kmString& path);
 
 // What became of the files that were to be copied; their paths.
 struct kmCopiedFiles {
-    std::vector<kmString> copied;
+    std::vector<kmString> copied;  // as they are called in the new place
     std::vector<kmString> kept;    // there was something of that name in the new place, which stays
     std::vector<kmString> failed;  // kmLastFileFault tells why the last of them did
 };

@@ -93,10 +93,10 @@ std::string ZshOptions(const CLI::App& command) {
     std::string text;
     for (const OptionText& option : OptionsOf(command)) {
         if (option.isPositional) continue;
-        std::string description = option.description;
-        for (const char* special : {"[", "]", ":"}) {
-            for (std::size_t at = 0; (at = description.find(special, at)) != std::string::npos; at += 2)
-                description.insert(at, "\\");
+        std::string description;
+        for (const char c : option.description) {
+            if (c == '[' || c == ']' || c == ':') description += '\\';
+            description += c;
         }
         const std::string value = option.valueName.empty()    ? ""
                                   : option.valueName == "DIR" ? ":folder:_files -/"

@@ -116,6 +116,10 @@ const ListRow kRows[] = {
      "ab=96;b=1;",
      {KM_DIALECT_FFMPEG, false, false, false},
      "no-audio ; translated -b:v | 1K; -an"},
+    {"filter_added_by_a_value", "croptop=0,movie=x;padtop=1:a'[];padcolor=a,b;", kFfmpeg,
+     "translated -vf | crop=in_w:in_h-0\\,movie=x:0:0\\,movie=x; "
+     "translated -vf | pad=in_w:in_h+1\\\\:a\\\\\\'\\[\\]:0:1\\\\:a\\\\\\'\\[\\]:color=a\\,b; covered ; "
+     "-f | avi"},
     {"volume_left_to_the_application", "vol=150%;vol=100%;async=1;", kFfmpeg,
      "translated -af | volume=1.5; dropped ; translated -af | aresample=async=1; -f | avi"},
     {"volume_of_no_audio", "vol=150%;", {KM_DIALECT_FFMPEG, false, false, false}, "not-passed ; -an"},
