@@ -81,6 +81,7 @@ void EditorWindow::ShowState() {
     QString note = isOwn ? "Edited as one" : "System profiles cannot be edited together with others";
     if (isOne && info != nullptr) note = ToQt(info->GetDesc()) + (isOwn ? "" : " (a system profile)");
     if (names.empty()) note = "Choose a profile on the left, or several with Ctrl or Shift";
+    if (m_selection.HasRefused()) note = "A value has to be corrected before you can save";
     const QString all = names.join(", ");
     m_heading->setText("<big><b>" + all.toHtmlEscaped() + "</b></big><br>" + note.toHtmlEscaped());
     setWindowTitle(all + "[*] – Encoding Profiles");

@@ -71,7 +71,7 @@ QString Selection::Save() {
         kmProfile& profile = m_profiles[i];
         const PROFILE_EERROR error = profile.Save(profile.GetID(), /*overwrite=*/true);
         if (error != PROFILE_ERROR_NONE) return WhyRefused(error, profile, profile.GetID());
-        kmReadFileOf(profile, m_files[i]);
+        if (!kmReadFileOf(profile, m_files[i])) m_files[i] = profile;
         isAsShown = isAsShown && IsSame(profile, m_files[i]);
         profile.CopyFrom(m_files[i]);
     }

@@ -28,8 +28,7 @@ public:
     // Change all profiles. SetValue gives the message to show for a value that is refused.
     QString SetValue(const kmString& id, const kmString& value);
     QString SetChoice(const kmString& id, int index);
-    // Gives the refusal in words, empty when all went well.
-    QString Save();
+    QString Save();  // gives the refusal in words, if any
 
 signals:
     void Replaced();  // all that is shown has to be built anew
