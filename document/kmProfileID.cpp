@@ -15,6 +15,16 @@
 
 namespace {
 
+constexpr const kmChar* kFaultTexts[] = {
+    KM_TEXT(""),
+    KM_TEXT("it is empty"),
+    KM_TEXT("it begins with \".\""),
+    KM_TEXT("it has a control character or one of \\ / : * ? \" < > |"),
+    KM_TEXT("it is the name of a device"),
+    KM_TEXT("it has an incomplete character"),
+};
+static_assert(std::size(kFaultTexts) == PROFILE_ID_FAULT_ENCODING + 1, "one text a fault");
+
 constexpr kmStringView kDevices[] = {KM_TEXT("CON"), KM_TEXT("PRN"),    KM_TEXT("AUX"),
                                      KM_TEXT("NUL"), KM_TEXT("CONIN$"), KM_TEXT("CONOUT$")};
 constexpr kmStringView kNumberedDevices[] = {KM_TEXT("COM"), KM_TEXT("LPT")};
@@ -52,6 +62,11 @@ PROFILE_ID_FAULT kmFindIDFault(const kmString& text) {
     if (std::any_of(bytes.begin(), bytes.end(), IsForbidden)) return PROFILE_ID_FAULT_CHARACTER;
     if (IsDeviceName(id)) return PROFILE_ID_FAULT_DEVICE;
     return TextFromBytes(bytes) == id ? PROFILE_ID_FAULT_NONE : PROFILE_ID_FAULT_ENCODING;
+}
+
+const kmChar* kmIDFaultText(PROFILE_ID_FAULT fault) {
+    const bool isKnown = fault >= PROFILE_ID_FAULT_NONE && fault <= PROFILE_ID_FAULT_ENCODING;
+    return kFaultTexts[isKnown ? fault : PROFILE_ID_FAULT_NONE];
 }
 
 kmString ProfilePath(const kmString& folder, const kmString& id) {

@@ -23,6 +23,10 @@ enum PROFILE_ID_FAULT : std::int32_t {
 // takes one. Saving and renaming refuse a new ID with any fault.
 KM_EXPORT PROFILE_ID_FAULT kmFindIDFault(const kmString& id);
 
+// The reason as the end of a sentence, in English: "it is the name of a device". Constant; empty for
+// PROFILE_ID_FAULT_NONE and for any other number.
+KM_EXPORT const kmChar* kmIDFaultText(PROFILE_ID_FAULT fault);
+
 // The path of the file of that ID in `folder`, which ends with "\".
 KM_EXPORT kmString kmProfilePath(const kmString& folder, const kmString& id);
 

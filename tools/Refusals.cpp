@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Refusals.h"
 
-#include <cstddef>
-#include <iterator>
-
 #include "Printable.h"
 #include "kmFileFault.h"
 #include "kmFolders.h"
@@ -14,24 +11,12 @@
 
 namespace {
 
-// What an ID with that fault is told, after the ID itself.
-constexpr const char* kFaults[] = {
-    "",
-    " cannot be a file name",
-    " cannot be a file name: it begins with \".\"",
-    " cannot be a file name: it has a control character or one of \\ / : * ? \" < > |",
-    " cannot be a file name: it is the name of a device",
-    " cannot be a file name: it has an incomplete character",
-};
-static_assert(std::size(kFaults) == PROFILE_ID_FAULT_ENCODING + 1, "one text a fault");
-
 // Empty where the ID is not what was wrong.
 std::string WhyNoFileName(const WriteAttempt& attempt) {
     const PROFILE_ID_FAULT fault = kmFindIDFault(attempt.newID);
     const bool isAllowed = fault == PROFILE_ID_FAULT_LEADING_DOT && attempt.newID == attempt.id;
     if (fault == PROFILE_ID_FAULT_NONE || isAllowed) return {};
-    return (attempt.newID.empty() ? "an empty ID" : QuotedID(attempt.newID)) +
-           kFaults[static_cast<std::size_t>(fault)];
+    return QuotedID(attempt.newID) + " cannot be a file name: " + kmUtf8FromText(kmIDFaultText(fault));
 }
 
 std::string PathOf(const WriteAttempt& attempt) {

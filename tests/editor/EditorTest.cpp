@@ -186,12 +186,13 @@ void EditorTest::RenameSaysWhyNot() {
     QStringList labels;
     WillType({"Phone 240p", "Holiday Clips", "psp h264 480x272", "a/b", "con", "Travel"}, labels);
     QTest::keyClick(m_window.get(), Qt::Key_F2);
-    const QStringList expected = {"Name:",
-                                  "“Phone 240p” is its name already.",
-                                  "“Holiday Clips” exists; choose another name.",
-                                  "“psp h264 480x272” is the name of a system profile; choose another.",
-                                  "A name cannot have control characters or any of \\ / : * ? \" < > |",
-                                  "On some systems that is the name of a device; choose another."};
+    const QStringList expected = {
+        "Name:",
+        "“Phone 240p” is its name already.",
+        "“Holiday Clips” exists; choose another name.",
+        "“psp h264 480x272” is the name of a system profile; choose another.",
+        "This is no name for a file: it has a control character or one of \\ / : * ? \" < > |.",
+        "This is no name for a file: it is the name of a device."};
     QCOMPARE(labels, expected);
     QCOMPARE(InFile("Phone 240p", KM_TEXT("g")) + '/' + InFile("Travel", KM_TEXT("g")), "no file/45");
     QVERIFY(Find("Travel")->isSelected() && !m_window->isWindowModified());
