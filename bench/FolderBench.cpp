@@ -53,6 +53,7 @@ void ReadOptions(CLI::App& app, Arguments& arguments) {
 std::vector<Reader> ChooseReaders(const std::vector<std::string>& only) {
     std::vector<Reader> readers = OtherReaders();
     for (Reader& own : OwnReaders()) readers.push_back(std::move(own));
+    for (Reader& own : FieldReaders()) readers.push_back(std::move(own));
     if (only.empty()) return readers;
     std::erase_if(readers, [&only](const Reader& reader) {
         return std::find(only.begin(), only.end(), reader.key) == only.end();

@@ -58,9 +58,11 @@ std::vector<Target> ReaderTargets(const std::vector<Measurement>& measurements) 
     std::vector<Target> targets;
     AddRatio(targets, measurements, kDocuments, kPugixml, 0.29);
     AddRatio(targets, measurements, kDocuments, kPugixmlSimd, 0.72);
-    AddRatio(targets, measurements, kDocuments, kFloor, 1.9);
-    AddRatio(targets, measurements, kCatalogue, kFloor, 2.0);
-    AddRatio(targets, measurements, kProfiles, kFloor, 2.6);
+    AddRatio(targets, measurements, kDocuments, kFloor, 1.65);
+    AddRatio(targets, measurements, kCatalogue, kFloor, 1.8);
+    AddRatio(targets, measurements, kProfiles, kFloor, 3.0);
+    AddRatio(targets, measurements, kProfileFields, kFloor, 3.5);
+    AddRatio(targets, measurements, kProfiles, kPugixmlFields, 0.5);
     return targets;
 }
 

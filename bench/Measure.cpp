@@ -4,6 +4,7 @@
 #include <time.h>
 
 #include <algorithm>
+#include <map>
 #include <random>
 
 namespace {
@@ -15,16 +16,15 @@ public:
 
     void Compare(const Reader& reader, const Counts& counts) {
         if (counts.files != m_files) Report(reader, "files", counts.files, m_files);
-        if (!reader.seesDocuments) return;
-        if (!m_isKnown) m_expected = counts;
-        m_isKnown = true;
-        if (counts.elements != m_expected.elements) {
-            Report(reader, "elements", counts.elements, m_expected.elements);
+        if (reader.sees == Sight::Files) return;
+        const Counts& expected = m_expected.try_emplace(reader.sees, counts).first->second;
+        if (counts.elements != expected.elements) {
+            Report(reader, "elements", counts.elements, expected.elements);
         }
-        if (counts.attributes != m_expected.attributes) {
-            Report(reader, "attributes", counts.attributes, m_expected.attributes);
+        if (counts.attributes != expected.attributes) {
+            Report(reader, "attributes", counts.attributes, expected.attributes);
         }
-        if (counts != m_expected) Report(reader, "checksum", counts.checksum, m_expected.checksum);
+        if (counts != expected) Report(reader, "checksum", counts.checksum, expected.checksum);
     }
 
 private:
@@ -35,8 +35,7 @@ private:
     }
 
     std::size_t m_files;
-    bool m_isKnown = false;
-    Counts m_expected;
+    std::map<Sight, Counts> m_expected;
 };
 
 double MeasureOnce(const ProfileFolder& folder, const Reader& reader, CountCheck& check) {

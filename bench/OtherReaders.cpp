@@ -138,10 +138,10 @@ Counts ReadExpat(const ProfileFolder& folder) {
 }  // namespace
 
 std::vector<Reader> OtherReaders() {
-    return {{kFloor, "open, fstat, read, close", false, ReadFloor},
-            {kPugixmlSimd, "pugixml, own SIMD conversion", true, ReadPugixmlSimd},
-            {kPugixml, "pugixml", true, ReadPugixml},
-            {"tinyxml2", "tinyxml2, own SIMD conversion", true, ReadTinyxml2},
-            {"expat", "expat, no tree", true, ReadExpat},
-            {"libxml2", "libxml2", true, ReadLibxml2}};
+    return {{kFloor, "open, fstat, read, close", Sight::Files, ReadFloor},
+            {kPugixmlSimd, "pugixml, own SIMD conversion", Sight::Documents, ReadPugixmlSimd},
+            {kPugixml, "pugixml", Sight::Documents, ReadPugixml},
+            {"tinyxml2", "tinyxml2, own SIMD conversion", Sight::Documents, ReadTinyxml2},
+            {"expat", "expat, no tree", Sight::Documents, ReadExpat},
+            {"libxml2", "libxml2", Sight::Documents, ReadLibxml2}};
 }

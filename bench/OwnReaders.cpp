@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Readers.h"
 #include "kmManager.h"
-#include "kmProfile.h"
 #include "xml/XMLNode.h"
 
 namespace {
@@ -29,16 +28,6 @@ Counts ReadDocuments(const ProfileFolder& folder) {
     return counts;
 }
 
-Counts ReadProfiles(const ProfileFolder& folder) {
-    Counts counts;
-    for (const ProfileFile& file : folder.files) {
-        kmProfile profile;
-        profile.SetID(file.id);
-        if (profile.Load(file.textFolder)) ++counts.files;
-    }
-    return counts;
-}
-
 Counts ReadCatalogue(const ProfileFolder& folder) {
     kmManager& manager = kmManager::GetInstance();
     manager.Load(folder.textRoot);
@@ -50,7 +39,6 @@ Counts ReadCatalogue(const ProfileFolder& folder) {
 }  // namespace
 
 std::vector<Reader> OwnReaders() {
-    return {{kDocuments, "this library, documents", true, ReadDocuments},
-            {kCatalogue, "this library, kmManager::Load", false, ReadCatalogue},
-            {kProfiles, "this library, kmProfile::Load", false, ReadProfiles}};
+    return {{kDocuments, "this library, documents", Sight::Documents, ReadDocuments},
+            {kCatalogue, "this library, kmManager::Load", Sight::Files, ReadCatalogue}};
 }

@@ -9,8 +9,10 @@
 
 #include "bench/Folder.h"
 
-// What a reader saw. Readers of whole documents touch every attribute, and so agree in every field; the
-// others count files alone.
+// What a reader saw: of documents every element and attribute, of profiles every field of every setting, or
+// files alone. Readers that see the same agree in every count.
+enum class Sight { Files, Documents, Fields };
+
 struct Counts {
     std::uint64_t files = 0;
     std::uint64_t elements = 0;
@@ -28,7 +30,7 @@ struct Counts {
 struct Reader {
     std::string key;    // on the command line
     std::string title;  // in the table
-    bool seesDocuments;
+    Sight sees;
     std::function<Counts(const ProfileFolder&)> read;
 };
 
@@ -37,9 +39,13 @@ inline constexpr const char* kFloor = "floor";
 inline constexpr const char* kPugixml = "pugixml";
 inline constexpr const char* kPugixmlSimd = "pugixml-simd";
 inline constexpr const char* kDocuments = "documents";
+inline constexpr const char* kPugixmlFields = "pugixml-fields";
 inline constexpr const char* kProfiles = "profiles";
+inline constexpr const char* kProfileOptions = "profile-options";
+inline constexpr const char* kProfileFields = "profile-fields";
 inline constexpr const char* kCatalogue = "catalogue";
 
-// This library's, and the others with the floor.
-std::vector<Reader> OwnReaders();
+// The others with the floor, this library's of documents and folders, and both of single profiles.
 std::vector<Reader> OtherReaders();
+std::vector<Reader> OwnReaders();
+std::vector<Reader> FieldReaders();
