@@ -17,20 +17,23 @@ public:
     // The index of the row of that name, in any letter case; kCount when there is none and for a name that
     // was found before: of several the first counts.
     std::size_t FindNew(kmStringView name) {
-        for (std::size_t tries = 0; tries < kCount; ++tries) {
-            if (EqualNoCase(m_rows[m_next].name, name)) {
-                const std::size_t found = m_next;
-                m_next = (m_next + 1) % kCount;
-                if (m_seen[found]) return kCount;
-                m_seen[found] = true;
-                return found;
-            }
-            m_next = (m_next + 1) % kCount;
+        std::size_t found = Find(name, m_next, kCount);
+        if (found == kCount) found = Find(name, 0, m_next);
+        if (found == kCount) return kCount;
+        m_next = found + 1;
+        if (m_seen[found]) return kCount;
+        m_seen[found] = true;
+        return found;
+    }
+
+private:
+    std::size_t Find(kmStringView name, std::size_t from, std::size_t to) const {
+        for (; from < to; ++from) {
+            if (EqualNoCase(m_rows[from].name, name)) return from;
         }
         return kCount;
     }
 
-private:
     const Row (&m_rows)[kCount];
     std::bitset<kCount> m_seen;
     std::size_t m_next = 0;

@@ -18,6 +18,7 @@
 #include "kmSizeEstimate.h"
 #include "tests/faults/MemoryFileSystem.h"
 #include "text/Ascii.h"
+#include "xml/XMLNode.h"
 
 namespace {
 
@@ -32,6 +33,16 @@ auto FieldsOf(const kmProfileItem& item) {
                       item.GetSimpleName(), item.GetSimpleReadOnly(), item.GetSimpleHasCandidates(),
                       item.GetSimpleCandidatesDisplay(), item.GetSimpleCandidatesValue());
 }
+
+// Reads items one by one, with every text and list made at once.
+struct ItemReader : kmProfile {
+    Items Read(const XMLNode& parameter) {
+        Items items;
+        for (int i = 0; i < parameter.CountChildren(); ++i)
+            GetValueFromFile(items.emplace_back(), parameter.ChildAt(i));
+        return items;
+    }
+};
 
 bool AreSame(const Items& a, const Items& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
@@ -187,6 +198,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(isLoaded || profile.GetProfileItems().empty(), "a failed load leaves no items");
     CheckAdvice(isLoaded);
     if (!isLoaded) return 0;
+    const XMLNode root = XMLNode::ParseDocumentFile((kFolder + KM_TEXT("x.pf")).c_str(), KM_TEXT("Profiles"));
+    Require(AreSame(ItemReader().Read(root.FindChild(KM_TEXT("Parameter"))), profile.GetProfileItems()),
+            "items read together are as items read one by one");
     Require(kmCompareWithFile(profile).result == FILE_COMPARISON_EQUAL, "loading is no change");
     AskItems(profile);
     AskDerivedValues(profile);

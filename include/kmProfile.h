@@ -187,6 +187,8 @@ private:
     friend class ProfileComparison;
 
     struct ItemMembers;
+    struct ItemReader;
+    class FileTexts;
 
     XMLNode OpenFile();
     bool ReadDocument(const XMLNode& root);

@@ -2,7 +2,11 @@
 // One setting of a profile.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
+#include <memory>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "kmExport.h"
@@ -12,13 +16,15 @@ KM_CLASSES_BEGIN
 
 // An encoder option with its value and what the two editing views, the simple and the advanced one, need to
 // show it. A value class: owns all its texts and lists. Setters check nothing and touch no other field. The
-// lists of one view are meant to have the same length; nothing enforces it. One thread at a time.
+// lists of one view are meant to have the same length; nothing enforces it. One thread at a time, or several
+// that only read. What a load has read is kept as one text that all items of the load and their copies share,
+// until a label is set or a list is asked for.
 class KM_EXPORT kmProfileItem {
 public:
     // An item without ID and value, which no view shows; copies own their texts and lists.
-    kmProfileItem() = default;
-    kmProfileItem(const kmProfileItem& other) = default;
-    kmProfileItem(kmProfileItem&& other) noexcept = default;
+    kmProfileItem();
+    kmProfileItem(const kmProfileItem& other);
+    kmProfileItem(kmProfileItem&& other) noexcept;
     const kmProfileItem& operator=(const kmProfileItem& other);
     const kmProfileItem& operator=(kmProfileItem&& other) noexcept;
     virtual ~kmProfileItem();
@@ -37,35 +43,39 @@ public:
     // The advanced view: position, label, section, whether the value is fixed or chosen from the candidates.
     int GetAdvPriority() const { return m_advPriority; }
     void SetAdvPriority(int priority) { m_advPriority = priority; }
-    kmString GetAdvName() const { return m_advName; }
-    void SetAdvName(const kmString& name) { m_advName = name; }
-    kmString GetAdvGroup() const { return m_advGroup; }
-    void SetAdvGroup(const kmString& group) { m_advGroup = group; }
+    kmString GetAdvName() const { return kmString(m_advName.Text()); }
+    void SetAdvName(const kmString& name) { m_advName.Set(name); }
+    kmString GetAdvGroup() const { return kmString(m_advGroup.Text()); }
+    void SetAdvGroup(const kmString& group) { m_advGroup.Set(group); }
     bool GetAdvReadOnly() const { return m_advReadOnly; }
     void SetAdvReadOnly(bool readOnly) { m_advReadOnly = readOnly; }
     bool GetAdvHasCandidates() const { return m_advHasCandidates; }
     void SetAdvHasCandidates(bool hasCandidates) { m_advHasCandidates = hasCandidates; }
 
-    // The item's own lists: texts shown and values chosen. References live as long as the item; to change
-    // a list is to change the item.
-    std::vector<kmString>& GetAdvCandidatesDisplay() { return m_advCandidatesDisplay; }
-    const std::vector<kmString>& GetAdvCandidatesDisplay() const { return m_advCandidatesDisplay; }
-    std::vector<kmString>& GetAdvCandidatesValue() { return m_advCandidatesValue; }
-    const std::vector<kmString>& GetAdvCandidatesValue() const { return m_advCandidatesValue; }
+    // The item's own lists: texts shown and values chosen, made of the file's text when they are first asked
+    // for. References live as long as the item; to change a list is to change the item.
+    std::vector<kmString>& GetAdvCandidatesDisplay() { return m_advCandidatesDisplay.Entries(); }
+    const std::vector<kmString>& GetAdvCandidatesDisplay() const { return m_advCandidatesDisplay.Entries(); }
+    std::vector<kmString>& GetAdvCandidatesValue() { return m_advCandidatesValue.Entries(); }
+    const std::vector<kmString>& GetAdvCandidatesValue() const { return m_advCandidatesValue.Entries(); }
 
     // The simple view, likewise. An item without a simple name is not shown there.
     int GetSimplePriority() const { return m_simplePriority; }
     void SetSimplePriority(int priority) { m_simplePriority = priority; }
-    kmString GetSimpleName() const { return m_simpleName; }
-    void SetSimpleName(const kmString& name) { m_simpleName = name; }
+    kmString GetSimpleName() const { return kmString(m_simpleName.Text()); }
+    void SetSimpleName(const kmString& name) { m_simpleName.Set(name); }
     bool GetSimpleReadOnly() const { return m_simpleReadOnly; }
     void SetSimpleReadOnly(bool readOnly) { m_simpleReadOnly = readOnly; }
     bool GetSimpleHasCandidates() const { return m_simpleHasCandidates; }
     void SetSimpleHasCandidates(bool hasCandidates) { m_simpleHasCandidates = hasCandidates; }
-    std::vector<kmString>& GetSimpleCandidatesDisplay() { return m_simpleCandidatesDisplay; }
-    const std::vector<kmString>& GetSimpleCandidatesDisplay() const { return m_simpleCandidatesDisplay; }
-    std::vector<kmString>& GetSimpleCandidatesValue() { return m_simpleCandidatesValue; }
-    const std::vector<kmString>& GetSimpleCandidatesValue() const { return m_simpleCandidatesValue; }
+    std::vector<kmString>& GetSimpleCandidatesDisplay() { return m_simpleCandidatesDisplay.Entries(); }
+    const std::vector<kmString>& GetSimpleCandidatesDisplay() const {
+        return m_simpleCandidatesDisplay.Entries();
+    }
+    std::vector<kmString>& GetSimpleCandidatesValue() { return m_simpleCandidatesValue.Entries(); }
+    const std::vector<kmString>& GetSimpleCandidatesValue() const {
+        return m_simpleCandidatesValue.Entries();
+    }
 
     // Makes the simple candidate value at `index` the item's value. False, with nothing changed, when there
     // is none.
@@ -91,21 +101,86 @@ private:
     friend class kmProfile;
     friend class kmProfileList;
 
+    using View = std::basic_string_view<kmChar>;
+
+    // A text that was set, or one that the item's file texts hold. Its copy belongs to another item with the
+    // same file texts.
+    class Label {
+    public:
+        Label() = default;
+        Label(const Label& other) = default;
+        Label(Label&& other) noexcept
+            : m_inFile(std::exchange(other.m_inFile, {})), m_own(std::move(other.m_own)) {}
+        Label& operator=(Label&& other) noexcept {
+            m_inFile = std::exchange(other.m_inFile, {});
+            m_own = std::move(other.m_own);
+            return *this;
+        }
+        bool operator==(const Label& other) const { return Text() == other.Text(); }
+
+        View Text() const { return m_inFile.data() == nullptr ? View(m_own) : m_inFile; }
+        void Set(const kmString& text) {
+            m_own = text;
+            m_inFile = {};
+        }
+        void Refer(View inFile) { m_inFile = inFile; }
+
+    private:
+        View m_inFile;
+        kmString m_own;
+    };
+
+    // A list that stays the text of the file until somebody asks for it, and is the list from then on, since
+    // whoever asked may hold a reference. Copies as above. Several threads may ask for a constant one.
+    class KM_EXPORT List {
+    public:
+        List() = default;
+        List(const List& other);
+        List(List&& other) noexcept { Take(std::move(other)); }
+        List& operator=(List&& other) noexcept;
+        bool operator==(const List& other) const { return Entries() == other.Entries(); }
+
+        std::vector<kmString>& Entries() {
+            std::as_const(*this).Entries();
+            return m_entries;
+        }
+        const std::vector<kmString>& Entries() const {
+            if (!IsSplit()) Split();
+            return m_entries;
+        }
+        void Refer(View inFile);
+
+        // The text of the file while it is that; a view of null afterwards.
+        View InFile() const { return IsSplit() ? View() : m_inFile; }
+
+    private:
+        enum State : int { AsInFile, Splitting, IsList };
+
+        bool IsSplit() const { return m_state.load(std::memory_order_acquire) == IsList; }
+        void Split() const;
+        void Take(List&& other) noexcept;
+
+        View m_inFile;
+        mutable std::vector<kmString> m_entries;
+        mutable std::atomic<int> m_state = IsList;
+    };
+
     kmString m_id;
     kmString m_value;
+    std::shared_ptr<const kmChar[]> m_fileTexts;  // of everything that was read together with this item
     std::int32_t m_advPriority = 0;
-    kmString m_advName;
-    kmString m_advGroup;
+    Label m_advName;
+    Label m_advGroup;
     bool m_advReadOnly = false;
     bool m_advHasCandidates = false;
-    std::vector<kmString> m_advCandidatesDisplay;
-    std::vector<kmString> m_advCandidatesValue;
+    List m_advCandidatesDisplay;
+    List m_advCandidatesValue;
     std::int32_t m_simplePriority = 0;
-    kmString m_simpleName;
+    Label m_simpleName;
     bool m_simpleReadOnly = false;
     bool m_simpleHasCandidates = false;
-    std::vector<kmString> m_simpleCandidatesDisplay;
-    std::vector<kmString> m_simpleCandidatesValue;
+    List m_simpleCandidatesDisplay;
+    List m_simpleCandidatesValue;
 };
 
 KM_CLASSES_END

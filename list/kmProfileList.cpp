@@ -36,7 +36,8 @@ public:
 
     kmProfileItem Copy() const {
         kmProfileItem copy = *m_item;
-        (m_view == View::Simple ? copy.m_simpleCandidatesDisplay : copy.m_advCandidatesDisplay) = Texts();
+        (m_view == View::Simple ? copy.m_simpleCandidatesDisplay : copy.m_advCandidatesDisplay).Entries() =
+            Texts();
         return copy;
     }
 
@@ -50,12 +51,13 @@ public:
     }
 
     static bool IsShown(const kmProfileItem& item, View view) {
-        return view == View::Advanced || !item.m_simpleName.empty();
+        return view == View::Advanced || !item.m_simpleName.Text().empty();
     }
 
 private:
     static const std::vector<kmString>& DisplayOf(const kmProfileItem& item, View view) {
-        return view == View::Simple ? item.m_simpleCandidatesDisplay : item.m_advCandidatesDisplay;
+        return (view == View::Simple ? item.m_simpleCandidatesDisplay : item.m_advCandidatesDisplay)
+            .Entries();
     }
 
     const kmProfileItem* m_item;
@@ -153,7 +155,8 @@ bool kmProfileList::SetSimpleItemValue(const std::vector<kmProfile*>& profiles, 
     const kmString& text = texts[static_cast<std::size_t>(index)];
     for (kmProfile* profile : profiles) {
         const kmProfileItem* item = FindItem(*profile, id);
-        const std::ptrdiff_t own = item == nullptr ? -1 : PositionOf(item->m_simpleCandidatesDisplay, text);
+        const std::ptrdiff_t own =
+            item == nullptr ? -1 : PositionOf(item->GetSimpleCandidatesDisplay(), text);
         if (own >= 0) profile->SetSimpleItemValue(id, static_cast<int>(own));
     }
     return true;
@@ -167,7 +170,7 @@ std::int32_t kmProfileList::GetSimpleItemValue(const std::vector<kmProfile*>& pr
         const kmProfileItem* item = FindItem(*profile, id);
         if (item == nullptr) return -1;
         const int own = item->GetSimpleItemIndex();
-        const std::vector<kmString>& display = item->m_simpleCandidatesDisplay;
+        const std::vector<kmString>& display = item->GetSimpleCandidatesDisplay();
         if (own < 0 || static_cast<std::size_t>(own) >= display.size()) return -1;
         const std::ptrdiff_t position = PositionOf(texts, display[static_cast<std::size_t>(own)]);
         if (position < 0 || (common >= 0 && position != common)) return -1;
@@ -181,7 +184,7 @@ kmString kmProfileList::GetZoomText(const std::vector<kmProfile*>& profiles, con
     const kmProfileItem* item = profiles.empty() ? nullptr : FindItem(*profiles.front(), id);
     if (item == nullptr) return {};
     const std::int32_t zoom = ReadInteger(value, 0);
-    const std::vector<kmString>& display = item->m_advCandidatesDisplay;
+    const std::vector<kmString>& display = item->GetAdvCandidatesDisplay();
     if (zoom < 1 || static_cast<std::size_t>(zoom) >= display.size()) return {};
     return display[static_cast<std::size_t>(zoom)];
 }
@@ -191,9 +194,10 @@ const kmString* kmProfileList::FindDisplayText(const kmProfile& profile, const k
                                                const kmChar* value) {
     const kmProfileItem* item = FindItem(profile, id);
     if (item == nullptr) return nullptr;
-    const std::vector<kmString>& display = item->m_advCandidatesDisplay;
-    const std::vector<kmString>& values =
-        item->m_advCandidatesValue.empty() ? item->m_simpleCandidatesValue : item->m_advCandidatesValue;
+    const std::vector<kmString>& display = item->GetAdvCandidatesDisplay();
+    const std::vector<kmString>& values = item->GetAdvCandidatesValue().empty()
+                                              ? item->GetSimpleCandidatesValue()
+                                              : item->GetAdvCandidatesValue();
     if (display.size() != values.size()) return nullptr;
     const std::ptrdiff_t position = PositionOf(values, value);
     return position < 0 ? nullptr : &display[static_cast<std::size_t>(position)];

@@ -13,8 +13,9 @@ struct kmProfile::ItemMembers {
     using Text = kmString kmProfileItem::*;
     using Number = std::int32_t kmProfileItem::*;
     using Flag = bool kmProfileItem::*;
-    using List = std::vector<kmString> kmProfileItem::*;
-    using Member = std::variant<Text, Number, Flag, List>;  // in the order of ItemFieldKind
+    using Label = kmProfileItem::Label kmProfileItem::*;
+    using List = kmProfileItem::List kmProfileItem::*;
+    using Member = std::variant<Text, Label, Number, Flag, List>;  // in the order of ItemFieldKind
 
     static constexpr Text kID = &kmProfileItem::m_id;
 
@@ -35,6 +36,15 @@ struct kmProfile::ItemMembers {
         &kmProfileItem::m_simpleCandidatesDisplay,
         &kmProfileItem::m_simpleCandidatesValue,
     };
+
+    // What a member holds, as the application gets it.
+    template <class Field>
+    static const Field& Content(const Field& field) {
+        return field;
+    }
+    static kmString Content(const kmProfileItem::Label& label) { return kmString(label.Text()); }
+    static const std::vector<kmString>& Content(const kmProfileItem::List& list) { return list.Entries(); }
+    static std::vector<kmString>& Content(kmProfileItem::List& list) { return list.Entries(); }
 
     static constexpr bool AreOfTheirKinds() {
         for (std::size_t i = 0; i < std::size(kMembers); ++i) {

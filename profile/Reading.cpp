@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // From a file to a profile. The attributes of an item are walked once, and the table of fields says what each
 // becomes.
+#include <algorithm>
 #include <cstdint>
 #include <iterator>
+#include <memory>
 
 #include "document/DefaultFolder.h"
 #include "document/Format.h"
@@ -16,16 +18,42 @@
 #include "text/kmCTString.h"
 #include "xml/XMLNode.h"
 
-namespace {
+// The texts of what is read together, in one piece of memory that the items share.
+class kmProfile::FileTexts {
+public:
+    explicit FileTexts(std::size_t units)
+        : m_texts(std::make_shared_for_overwrite<kmChar[]>(units + 1)), m_free(m_texts.get()) {}
 
-void Store(kmString& field, kmStringView text) { field = text; }
-void Store(std::int32_t& field, kmStringView text) { field = ReadInteger(text.data(), 0); }
-void Store(bool& field, kmStringView text) { field = format::IsFlagSet(text); }
-void Store(std::vector<kmString>& field, kmStringView text) {
-    SplitText(text, format::kListSeparator, field);
-}
+    const std::shared_ptr<kmChar[]>& Share() const { return m_texts; }
+    kmStringView Add(kmStringView text) {
+        kmChar* const copy = m_free;
+        m_free = std::copy(text.begin(), text.end(), copy);
+        return {copy, text.size()};
+    }
 
-}  // namespace
+private:
+    std::shared_ptr<kmChar[]> m_texts;
+    kmChar* m_free;
+};
+
+// Stores one attribute after the other into an item.
+struct kmProfile::ItemReader {
+    FileTexts* texts;  // null: the item gets texts and lists of its own
+
+    void Store(kmString& field, kmStringView text) const { field = text; }
+    void Store(std::int32_t& field, kmStringView text) const { field = ReadInteger(text.data(), 0); }
+    void Store(bool& field, kmStringView text) const { field = format::IsFlagSet(text); }
+    void Store(kmProfileItem::Label& field, kmStringView text) const {
+        if (texts == nullptr) return field.Set(kmString(text));
+        field.Refer(texts->Add(text));
+    }
+    void Store(kmProfileItem::List& field, kmStringView text) const {
+        if (texts == nullptr) return SplitText(text, format::kListSeparator, field.Entries());
+        field.Refer(texts->Add(text));
+    }
+
+    void Read(kmProfileItem& item, const XMLNode& element) const;
+};
 
 // A folder ends at its first null unit, as IDs do.
 bool kmProfile::Load(const kmString& folder) {
@@ -59,11 +87,21 @@ XMLNode kmProfile::OpenFile() {
 
 void kmProfile::ReadItems(const XMLNode& parameter) {
     const int count = parameter.CountChildren();
+    FileTexts texts(parameter.CountUnitsInChildren());
+    const ItemReader reader{&texts};
     m_items.reserve(static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) GetValueFromFile(m_items.emplace_back(), parameter.ChildAt(i));
+    for (int i = 0; i < count; ++i) {
+        kmProfileItem& item = m_items.emplace_back();
+        item.m_fileTexts = texts.Share();
+        reader.Read(item, parameter.ChildAt(i));
+    }
 }
 
 void kmProfile::GetValueFromFile(kmProfileItem& item, const XMLNode& element) {
+    ItemReader{nullptr}.Read(item, element);
+}
+
+void kmProfile::ItemReader::Read(kmProfileItem& item, const XMLNode& element) const {
     static_assert(ItemMembers::AreOfTheirKinds());
     item.m_id = element.GetName() == nullptr ? KM_TEXT("") : element.GetName();
     item.m_advReadOnly = item.m_advHasCandidates = false;

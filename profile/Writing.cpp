@@ -69,8 +69,9 @@ void kmProfile::SetProfileItemValue(XMLNode& element, std::vector<kmString>& val
 void kmProfile::SetValueToFile(kmProfileItem& item, XMLNode& element) {
     for (std::size_t row = 0; row < std::size(kItemFields); ++row) {
         const kmChar* name = kItemFields[row].name.data();
-        std::visit([&](auto member) { SetProfileItemValue(element, item.*member, name); },
-                   ItemMembers::kMembers[row]);
+        std::visit(
+            [&](auto member) { SetProfileItemValue(element, ItemMembers::Content(item.*member), name); },
+            ItemMembers::kMembers[row]);
     }
 }
 

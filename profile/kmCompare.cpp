@@ -85,8 +85,8 @@ void ProfileComparison::AddFields(const kmProfileItem& first, const kmProfileIte
     for (std::size_t row = 0; row < std::size(kItemFields); ++row) {
         const auto compare = [&](auto member) {
             if (first.*member == second.*member) return;
-            const std::optional<kmString> firstText = FieldText(first.*member);
-            const std::optional<kmString> secondText = FieldText(second.*member);
+            const std::optional<kmString> firstText = FieldText(Members::Content(first.*member));
+            const std::optional<kmString> secondText = FieldText(Members::Content(second.*member));
             if (firstText == secondText) return;  // lists of other entries
             m_differences.push_back({DIFFERENCE_ITEM_FIELD, IDOf(first), occurrence,
                                      kmString(kItemFields[row].name), firstText.value_or(kmString()),

@@ -68,6 +68,6 @@ bool kmProfile::SetSimpleItemValue(const kmChar* id, int index) {
 std::vector<kmProfileItem> kmProfile::GetSimpleItems() const {
     std::vector<kmProfileItem> items;
     std::copy_if(m_items.begin(), m_items.end(), std::back_inserter(items),
-                 [](const kmProfileItem& item) { return !item.m_simpleName.empty(); });
+                 [](const kmProfileItem& item) { return !item.m_simpleName.Text().empty(); });
     return items;
 }

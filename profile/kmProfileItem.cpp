@@ -3,8 +3,10 @@
 #include "kmProfileItem.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
+#include "document/Format.h"
 #include "text/Numbers.h"
 #include "text/kmCTString.h"
 
@@ -30,6 +32,60 @@ int BitratePosition(const std::vector<kmString>& candidates, const kmString& val
 
 }  // namespace
 
+kmProfileItem::List::List(const List& other) : m_inFile(other.InFile()) {
+    if (m_inFile.data() == nullptr) {
+        m_entries = other.m_entries;
+    } else {
+        m_state.store(AsInFile, std::memory_order_relaxed);
+    }
+}
+
+void kmProfileItem::List::Take(List&& other) noexcept {
+    m_inFile = std::exchange(other.m_inFile, {});
+    m_entries = std::move(other.m_entries);
+    m_state.store(other.m_state.load(std::memory_order_relaxed), std::memory_order_relaxed);
+    other.m_state.store(IsList, std::memory_order_relaxed);
+}
+
+// A list that was asked for shows its new entries to whoever holds a reference.
+kmProfileItem::List& kmProfileItem::List::operator=(List&& other) noexcept {
+    const bool wasSplit = IsSplit();
+    Take(std::move(other));
+    try {
+        if (wasSplit) Entries();
+    } catch (const std::bad_alloc&) {
+        // Split when it is asked for again.
+    }
+    return *this;
+}
+
+void kmProfileItem::List::Refer(View inFile) {
+    m_inFile = inFile;
+    m_state.store(AsInFile, std::memory_order_relaxed);
+}
+
+// One of the threads that ask splits the text, the others wait for it.
+void kmProfileItem::List::Split() const {
+    int state = AsInFile;
+    while (!m_state.compare_exchange_strong(state, Splitting, std::memory_order_acquire)) {
+        if (state == IsList) return;
+        m_state.wait(Splitting);
+        state = AsInFile;
+    }
+    try {
+        SplitText(m_inFile, format::kListSeparator, m_entries);
+    } catch (...) {
+        m_state.store(AsInFile);
+        m_state.notify_all();
+        throw;
+    }
+    m_state.store(IsList, std::memory_order_release);
+    m_state.notify_all();
+}
+
+kmProfileItem::kmProfileItem() = default;
+kmProfileItem::kmProfileItem(const kmProfileItem& other) = default;
+kmProfileItem::kmProfileItem(kmProfileItem&& other) noexcept = default;
 kmProfileItem::~kmProfileItem() = default;
 
 const kmProfileItem& kmProfileItem::operator=(const kmProfileItem& other) {
@@ -41,6 +97,7 @@ const kmProfileItem& kmProfileItem::operator=(kmProfileItem&& other) noexcept {
     if (this == &other) return *this;
     m_id = std::move(other.m_id);
     m_value = std::move(other.m_value);
+    m_fileTexts = std::move(other.m_fileTexts);
     m_advPriority = other.m_advPriority;
     m_advName = std::move(other.m_advName);
     m_advGroup = std::move(other.m_advGroup);
@@ -58,18 +115,20 @@ const kmProfileItem& kmProfileItem::operator=(kmProfileItem&& other) noexcept {
 }
 
 bool kmProfileItem::SetSimpleValue(int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= m_simpleCandidatesValue.size()) return false;
-    m_value = m_simpleCandidatesValue[static_cast<std::size_t>(index)];
+    const std::vector<kmString>& values = m_simpleCandidatesValue.Entries();
+    if (index < 0 || static_cast<std::size_t>(index) >= values.size()) return false;
+    m_value = values[static_cast<std::size_t>(index)];
     return true;
 }
 
 int kmProfileItem::GetSimpleItemIndex() const {
-    if (m_simpleName.empty()) return -1;
-    if (EqualNoCase(m_id, KM_TEXT("b")) || EqualNoCase(m_id, KM_TEXT("ab"))) {
-        return BitratePosition(m_simpleCandidatesValue, m_value);
+    if (m_simpleName.Text().empty()) return -1;
+    const std::vector<kmString>& values = m_simpleCandidatesValue.Entries();
+    if (EqualNoCase(m_id, KM_TEXT("b")) || EqualNoCase(m_id, KM_TEXT("ab")))
+        return BitratePosition(values, m_value);
+    if (EqualNoCase(m_id, KM_TEXT("pq"))) {
+        const std::vector<kmString>& display = m_simpleCandidatesDisplay.Entries();
+        if (display.size() == values.size()) return PositionOrLast(display, m_value);
     }
-    const bool hasDisplayForEach = m_simpleCandidatesDisplay.size() == m_simpleCandidatesValue.size();
-    if (EqualNoCase(m_id, KM_TEXT("pq")) && hasDisplayForEach)
-        return PositionOrLast(m_simpleCandidatesDisplay, m_value);
-    return PositionOrLast(m_simpleCandidatesValue, m_value);
+    return PositionOrLast(values, m_value);
 }

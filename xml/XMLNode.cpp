@@ -182,6 +182,16 @@ const kmChar* XMLNode::FindAttribute(const kmChar* name, int* position) const {
     return m_element->attributes[index].value;
 }
 
+std::size_t XMLNode::CountUnitsInChildren() const {
+    std::size_t units = 0;
+    for (const Content* at = IsEmpty() ? nullptr : m_element->first; at != nullptr; at = at->next) {
+        if (at->kind != ContentKind::Element) continue;
+        const auto& child = static_cast<const Element&>(*at);
+        for (std::uint32_t i = 0; i < child.attributeCount; ++i) units += child.attributes[i].valueLength;
+    }
+    return units;
+}
+
 XMLNode XMLNode::AppendChild(const kmChar* name, bool isDeclaration) {
     if (IsEmpty()) return {};
     return Handle(m_document->AddElement(m_element, m_document->Copy(name), LengthOf(name), isDeclaration));

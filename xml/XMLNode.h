@@ -82,6 +82,9 @@ public:
         return {m_element->attributes[index].value, m_element->attributes[index].valueLength};
     }
 
+    // How long the values of all attributes of all children are together.
+    std::size_t CountUnitsInChildren() const;
+
     // Texts given to the changes below are copied. A null value means an attribute without a value.
     XMLNode AppendChild(const kmChar* name, bool isDeclaration);
     void AppendAttribute(const kmChar* name, const kmChar* value);

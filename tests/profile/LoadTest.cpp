@@ -2,6 +2,10 @@
 // From a file to a profile: where it is looked for, what is kept, what items become.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <thread>
+#include <utility>
+
 #include "document/DefaultFolder.h"
 #include "kmProfile.h"
 #include "tests/support/Messages.h"
@@ -75,6 +79,47 @@ TEST_F(Loading, NextLoadReplacesTheItemsAndKeepsWhatTheFileLacks) {
         EXPECT_TRUE(profile.GetChangedFlag());
         EXPECT_EQ(Header(), row.header);
         EXPECT_EQ(messages.All().size() - before, row.messages);
+    }
+}
+
+// Items that a load has read share its texts, and make lists of them when they are asked.
+TEST_F(Loading, TextsAndListsStayWhateverBecomesOfTheirItems) {
+    const auto item = [this]() -> kmProfileItem& {
+        EXPECT_TRUE(
+            LoadText("<Profiles><Main/><Parameter><b advName='Bit rate' advCandidatesValue='1, 2,3'/>"
+                     "<g advName='Pictures'/></Parameter></Profiles>"));
+        return profile.GetProfileItems().front();
+    };
+    const auto told = [](const kmProfileItem& told) {
+        return Utf8(told.GetAdvName()) + Joined(told.GetAdvCandidatesValue());
+    };
+    constexpr const char* kAll = "Bit rate|1|2|3";
+
+    kmProfileItem kept;
+    const std::vector<kmString>& held = kept.GetAdvCandidatesValue();
+    kept = item();
+    profile = kmProfile();
+    EXPECT_EQ(Joined(held), "|1|2|3") << "the list that was asked for before is the item's still";
+    EXPECT_EQ(told(kept), kAll) << "a copy outlives the profile";
+    kept.SetAdvName(KM_TEXT("Rate"));
+    kmProfileItem& read = item();
+    kmProfileItem changed = read;
+    changed.GetAdvCandidatesValue().pop_back();
+    EXPECT_EQ(told(changed) + told(kept) + told(read), "Bit rate|1|2Rate|1|2|3Bit rate|1|2|3");
+    const kmProfileItem taken = std::move(item());
+    EXPECT_EQ(told(taken) + told(profile.GetProfileItems().front()), kAll) << "nothing stays behind";
+    profile.GetProfileItems().erase(profile.GetProfileItems().begin());
+    EXPECT_EQ(told(profile.GetProfileItems().front()), "Pictures");
+
+    for (int round = 0; round < 50; ++round) {
+        const kmProfileItem& shared = item();
+        std::array<std::string, 4> answers;
+        std::vector<std::thread> readers;
+        for (std::string& answer : answers) {
+            readers.emplace_back([&] { answer = told(round % 2 == 0 ? shared : kmProfileItem(shared)); });
+        }
+        for (std::thread& reader : readers) reader.join();
+        for (const std::string& answer : answers) ASSERT_EQ(answer, kAll) << "of several threads";
     }
 }
 
