@@ -150,12 +150,15 @@ private:
         }
         void Refer(View inFile);
 
-        // The text of the file while it is that; a view of null afterwards.
-        View InFile() const { return IsSplit() ? View() : m_inFile; }
+        // Whether both are the same text of files still, without a look at the entries.
+        bool IsSameText(const List& other) const;
+        // Puts the entries behind `views`, which refer to this list while nobody changes it.
+        void AddTo(std::vector<View>& views) const;
 
     private:
         enum State : int { AsInFile, Splitting, IsList };
 
+        View InFile() const { return IsSplit() ? View() : m_inFile; }  // of null for a list
         bool IsSplit() const { return m_state.load(std::memory_order_acquire) == IsList; }
         void Split() const;
         void Take(List&& other) noexcept;

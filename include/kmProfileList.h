@@ -52,6 +52,8 @@ private:
 
     enum class View { Simple, Advanced };
     class CommonItem;
+    class OfferedTexts;
+    class ShownItems;
 
     static std::vector<CommonItem> FindCommonItems(const std::vector<kmProfile*>& profiles, View view);
     static std::vector<kmProfileItem> GetItems(const std::vector<kmProfile*>& profiles, View view);

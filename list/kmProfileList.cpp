@@ -24,67 +24,128 @@ std::ptrdiff_t PositionOf(const std::vector<kmString>& list, kmStringView value)
 
 }  // namespace
 
+// What one profile after the other shows, in memory that the next one uses again.
+class kmProfileList::ShownItems {
+public:
+    explicit ShownItems(View view) : m_view(view) {}
+
+    void Assign(const kmProfile& profile) {
+        m_items.clear();
+        m_ids.clear();
+        for (const kmProfileItem& item : profile.GetProfileItems()) {
+            if (m_view == View::Simple && item.m_simpleName.Text().empty()) continue;
+            m_items.push_back(&item);
+            m_ids.push_back(item.m_id);
+        }
+        m_index.Assign(m_ids);
+    }
+
+    const std::vector<const kmProfileItem*>& Items() const { return m_items; }
+    // The first item of that ID, or null.
+    const kmProfileItem* Find(kmStringView id) const {
+        const std::size_t found = m_index.Find(id);
+        return found == TextIndex::kNone ? nullptr : m_items[found];
+    }
+
+private:
+    View m_view;
+    std::vector<const kmProfileItem*> m_items;
+    std::vector<kmStringView> m_ids;
+    TextIndex m_index;
+};
+
+// The texts of one list after the other, likewise. Lists that differ mostly have the same order, so that each
+// text is looked for behind the last one first.
+class kmProfileList::OfferedTexts {
+public:
+    void Assign(const kmProfileItem::List& list) {
+        m_texts.clear();
+        list.AddTo(m_texts);
+        m_next = 0;
+        m_isIndexed = false;
+    }
+
+    bool Has(kmStringView text) {
+        if (m_next == m_texts.size() || !EqualExactly(m_texts[m_next], text)) {
+            if (!m_isIndexed) m_index.Assign(m_texts);
+            m_isIndexed = true;
+            const std::size_t found = m_index.Find(text);
+            if (found == TextIndex::kNone) return false;
+            m_next = found;
+        }
+        ++m_next;
+        return true;
+    }
+
+private:
+    std::vector<kmStringView> m_texts;
+    std::size_t m_next = 0;
+    TextIndex m_index;
+    bool m_isIndexed = false;
+};
+
 // An item of the first profile and the texts of it that all profiles seen so far offer. Refers to the first
 // profile, which does not change meanwhile.
 class kmProfileList::CommonItem {
 public:
-    CommonItem(const kmProfileItem& item, View view)
-        : m_item(&item), m_view(view), m_texts(DisplayOf(item, view).begin(), DisplayOf(item, view).end()) {}
+    CommonItem(const kmProfileItem& item, View view) : m_item(&item), m_view(view) {}
 
     kmStringView ID() const { return m_item->m_id; }
-    std::vector<kmString> Texts() const { return {m_texts.begin(), m_texts.end()}; }
+    std::vector<kmString> Texts() const {
+        if (!m_isReduced) return DisplayOf(*m_item).Entries();
+        return {m_texts.begin(), m_texts.end()};
+    }
 
     kmProfileItem Copy() const {
         kmProfileItem copy = *m_item;
-        (m_view == View::Simple ? copy.m_simpleCandidatesDisplay : copy.m_advCandidatesDisplay).Entries() =
+        if (!m_isReduced) return copy;
+        (m_view == View::Simple ? copy.GetSimpleCandidatesDisplay() : copy.GetAdvCandidatesDisplay()) =
             Texts();
         return copy;
     }
 
-    // Keeps the texts that `other` offers too.
-    void Reduce(const kmProfileItem& other) {
-        const std::vector<kmString>& offered = DisplayOf(other, m_view);
-        if (std::equal(m_texts.begin(), m_texts.end(), offered.begin(), offered.end(), EqualExactly)) return;
-        TextIndex index;
-        index.Assign({offered.begin(), offered.end()});
-        std::erase_if(m_texts, [&index](kmStringView text) { return index.Find(text) == TextIndex::kNone; });
+    // Keeps the texts that the item of the same ID offers too.
+    void CompareWith(const ShownItems& shown, OfferedTexts& offered) {
+        const kmProfileItem* other = shown.Find(ID());
+        m_isMissing = other == nullptr;
+        if (!m_isMissing) Reduce(*other, offered);
     }
-
-    static bool IsShown(const kmProfileItem& item, View view) {
-        return view == View::Advanced || !item.m_simpleName.Text().empty();
-    }
+    bool IsMissing() const { return m_isMissing; }
 
 private:
-    static const std::vector<kmString>& DisplayOf(const kmProfileItem& item, View view) {
-        return (view == View::Simple ? item.m_simpleCandidatesDisplay : item.m_advCandidatesDisplay)
-            .Entries();
+    void Reduce(const kmProfileItem& other, OfferedTexts& offered) {
+        const kmProfileItem::List& list = DisplayOf(other);
+        if (!m_isReduced) {
+            if (DisplayOf(*m_item).IsSameText(list)) return;
+            DisplayOf(*m_item).AddTo(m_texts);
+            m_isReduced = true;
+        }
+        offered.Assign(list);
+        std::erase_if(m_texts, [&offered](kmStringView text) { return !offered.Has(text); });
+    }
+    const kmProfileItem::List& DisplayOf(const kmProfileItem& item) const {
+        return m_view == View::Simple ? item.m_simpleCandidatesDisplay : item.m_advCandidatesDisplay;
     }
 
     const kmProfileItem* m_item;
     View m_view;
-    std::vector<kmStringView> m_texts;
+    bool m_isMissing = false;
+    bool m_isReduced = false;
+    std::vector<kmStringView> m_texts;  // once it is
 };
 
 std::vector<kmProfileList::CommonItem> kmProfileList::FindCommonItems(const std::vector<kmProfile*>& profiles,
                                                                       View view) {
     std::vector<CommonItem> common;
     if (profiles.empty()) return common;
-    for (const kmProfileItem& item : profiles.front()->GetProfileItems()) {
-        if (CommonItem::IsShown(item, view)) common.emplace_back(item, view);
-    }
+    ShownItems shown(view);
+    OfferedTexts offered;
+    shown.Assign(*profiles.front());
+    for (const kmProfileItem* item : shown.Items()) common.emplace_back(*item, view);
     for (std::size_t i = 1; i < profiles.size(); ++i) {
-        std::vector<const kmProfileItem*> shown;
-        std::vector<kmStringView> ids;
-        for (const kmProfileItem& item : profiles[i]->GetProfileItems()) {
-            if (!CommonItem::IsShown(item, view)) continue;
-            shown.push_back(&item);
-            ids.push_back(item.m_id);
-        }
-        TextIndex index;
-        index.Assign(std::move(ids));
-        std::erase_if(common,
-                      [&index](const CommonItem& item) { return index.Find(item.ID()) == TextIndex::kNone; });
-        for (CommonItem& item : common) item.Reduce(*shown[index.Find(item.ID())]);
+        shown.Assign(*profiles[i]);
+        for (CommonItem& item : common) item.CompareWith(shown, offered);
+        std::erase_if(common, [](const CommonItem& item) { return item.IsMissing(); });
     }
     return common;
 }

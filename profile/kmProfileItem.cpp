@@ -64,6 +64,20 @@ void kmProfileItem::List::Refer(View inFile) {
     m_state.store(AsInFile, std::memory_order_relaxed);
 }
 
+bool kmProfileItem::List::IsSameText(const List& other) const {
+    const View text = InFile();
+    const View others = other.InFile();
+    return text.data() != nullptr && others.data() != nullptr && EqualExactly(text, others);
+}
+
+void kmProfileItem::List::AddTo(std::vector<View>& views) const {
+    if (const View text = InFile(); text.data() != nullptr) {
+        ForEachPiece(text, format::kListSeparator, [&views](View piece) { views.push_back(piece); });
+    } else {
+        views.insert(views.end(), m_entries.begin(), m_entries.end());
+    }
+}
+
 // One of the threads that ask splits the text, the others wait for it.
 void kmProfileItem::List::Split() const {
     int state = AsInFile;

@@ -66,13 +66,7 @@ kmStringView TrimView(kmStringView text, kmChar unit) {
 void SplitText(kmStringView text, kmChar separator, std::vector<kmString>& pieces) {
     pieces.clear();
     pieces.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), separator)) + 1);
-    const kmChar* const end = text.data() + text.size();
-    for (const kmChar* from = text.data();; ++from) {
-        const kmChar* to = std::find(from, end, separator);
-        pieces.emplace_back(TrimView({from, static_cast<std::size_t>(to - from)}, KM_TEXT(' ')));
-        if (to == end) return;
-        from = to;
-    }
+    ForEachPiece(text, separator, [&pieces](kmStringView piece) { pieces.emplace_back(piece); });
 }
 
 void JoinTexts(const std::vector<kmString>& items, kmChar separator, kmString& joined) {

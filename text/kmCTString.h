@@ -2,6 +2,7 @@
 // A wide string with the tests, trims and conversions that the whole library uses.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -47,5 +48,18 @@ public:
 // What kmCTString does to a text, for callers that need no copy of it.
 kmStringView TrimView(kmStringView text, kmChar unit);
 kmStringView TrimLeftView(kmStringView text, kmChar unit);
+
+// Gives `take` each of the pieces that Split makes, in their order.
+template <class Take>
+void ForEachPiece(kmStringView text, kmChar separator, Take take) {
+    const kmChar* const end = text.data() + text.size();
+    for (const kmChar* from = text.data();; ++from) {
+        const kmChar* to = std::find(from, end, separator);
+        take(TrimView({from, static_cast<std::size_t>(to - from)}, KM_TEXT(' ')));
+        if (to == end) return;
+        from = to;
+    }
+}
+
 void SplitText(kmStringView text, kmChar separator, std::vector<kmString>& pieces);
 void JoinTexts(const std::vector<kmString>& items, kmChar separator, kmString& joined);
