@@ -108,9 +108,9 @@ void kmProfile::ItemReader::Read(kmProfileItem& item, const XMLNode& element) co
     item.m_simpleReadOnly = item.m_simpleHasCandidates = false;
     bool hasValue = false;
     RowFinder finder(kItemFields);
-    for (int i = 0; i < element.CountAttributes(); ++i) {
-        const std::size_t row = finder.FindNew(element.AttributeNameAt(i));
-        const kmStringView value = element.AttributeValueAt(i);
+    for (const Attribute& attribute : element.Attributes()) {
+        const std::size_t row = finder.FindNew(attribute.Name());
+        const kmStringView value = attribute.Value();
         if (row == std::size(kItemFields) || value.data() == nullptr) continue;
         hasValue = hasValue || row == 0;
         std::visit([&](auto member) { Store(item.*member, value); }, ItemMembers::kMembers[row]);

@@ -39,6 +39,9 @@ struct Attribute {
     std::uint32_t nameLength;
     std::uint32_t valueLength : 31;
     std::uint32_t hasEntities : 1;  // until the value is decoded
+
+    kmStringView Name() const { return {name, nameLength}; }
+    kmStringView Value() const { return {value, valueLength}; }  // of null: none
 };
 
 // The first pieces of one kind in an element, as far as anybody has asked for them.

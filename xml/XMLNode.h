@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "platform/Files.h"
@@ -80,6 +81,12 @@ public:
     kmStringView AttributeValueAt(int index) const {
         if (index < 0 || index >= CountAttributes()) return {};
         return {m_element->attributes[index].value, m_element->attributes[index].valueLength};
+    }
+
+    // The same at once, for as long as the element's attributes do not change.
+    std::span<const Attribute> Attributes() const {
+        if (IsEmpty()) return {};
+        return {m_element->attributes, m_element->attributeCount};
     }
 
     // How long the values of all attributes of all children are together.
