@@ -47,7 +47,7 @@ bool FlagOf(std::string_view text) { return text == "yes" || text == "true"; }
 enum class Kind { Text, Number, Flag, List };
 
 struct Row {
-    std::string_view name;
+    const char* name;
     Kind kind;
     std::size_t index;
 };
@@ -67,18 +67,17 @@ constexpr Row kRows[] = {{"Value", Kind::Text, 1},
                          {"simpleCandidatesDiaplay", Kind::List, 2},
                          {"simpleCandidatesValue", Kind::List, 3}};
 
-// The rows are in the order of the attributes: each is looked for behind the one before.
+// By name, since files may have the attributes in any order; each is looked for behind the one before.
 void FillAttributes(PlainItem& item, const pugi::xml_node& element) {
-    const Row* row = std::begin(kRows);
-    for (const pugi::xml_attribute& attribute : element.attributes()) {
-        const std::string_view name = attribute.name();
-        while (row != std::end(kRows) && row->name != name) ++row;
-        if (row == std::end(kRows)) return;
+    pugi::xml_attribute hint;
+    for (const Row& row : kRows) {
+        const pugi::xml_attribute attribute = element.attribute(row.name, hint);
+        if (!attribute) continue;
         const std::string_view value = attribute.value();
-        if (row->kind == Kind::Text) item.texts[row->index] = TextOf(value);
-        if (row->kind == Kind::Number) item.priorities[row->index] = attribute.as_int();
-        if (row->kind == Kind::Flag) item.flags[row->index] = FlagOf(value);
-        if (row->kind == Kind::List) item.lists[row->index] = ListOf(value);
+        if (row.kind == Kind::Text) item.texts[row.index] = TextOf(value);
+        if (row.kind == Kind::Number) item.priorities[row.index] = attribute.as_int();
+        if (row.kind == Kind::Flag) item.flags[row.index] = FlagOf(value);
+        if (row.kind == Kind::List) item.lists[row.index] = ListOf(value);
     }
 }
 

@@ -8,7 +8,7 @@ namespace {
 std::string Microseconds(double nanoseconds) { return Fixed(nanoseconds / 1000, 2); }
 
 std::string RatioText(const Measurement& row, const Measurement* base) {
-    return base == nullptr ? "" : Fixed(RatiosOf(row, *base).median, 2);
+    return base == nullptr ? "" : Fixed(QuartilesOf(RatiosOf(row.nanoseconds, base->nanoseconds)).median, 2);
 }
 
 // Adds a target unless one of the two readers was left out.
@@ -17,13 +17,15 @@ void AddRatio(std::vector<Target>& targets, const std::vector<Measurement>& meas
     const Measurement* row = Find(measurements, key);
     const Measurement* base = Find(measurements, baseKey);
     if (row == nullptr || base == nullptr) return;
-    targets.push_back({row->reader.title + " / " + base->reader.title, RatiosOf(*row, *base).median, limit});
+    targets.push_back({row->reader.title + " / " + base->reader.title,
+                       IntervalOf(RatiosOf(row->nanoseconds, base->nanoseconds)), limit});
 }
 
 std::string FilesText(const FolderMeasurement& folder) { return std::to_string(folder.files); }
 
-Quartiles GrowthOf(const std::vector<FolderMeasurement>& folders, std::size_t reader) {
-    return RatiosOf(folders.back().readers[reader], folders.front().readers[reader]);
+Interval GrowthOf(const std::vector<FolderMeasurement>& folders, std::size_t reader) {
+    return IntervalOf(
+        RatiosOf(folders.back().readers[reader].nanoseconds, folders.front().readers[reader].nanoseconds));
 }
 
 }  // namespace
@@ -109,7 +111,7 @@ std::vector<Target> ScalingTargets(const std::vector<FolderMeasurement>& folders
         if (rows[reader].reader.key != kDocuments && rows[reader].reader.key != kCatalogue) continue;
         targets.push_back({rows[reader].reader.title + ", a file of " + FilesText(folders.back()) +
                                " / a file of " + FilesText(folders.front()),
-                           GrowthOf(folders, reader).median, kMostGrowth});
+                           GrowthOf(folders, reader), kMostGrowth});
     }
     return targets;
 }

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Measure.h"
 
-#include <time.h>
-
 #include <algorithm>
 #include <map>
-#include <random>
+#include <utility>
 
 namespace {
 
@@ -46,48 +44,18 @@ double MeasureOnce(const ProfileFolder& folder, const Reader& reader, CountCheck
     return taken / static_cast<double>(folder.files.size());
 }
 
-std::vector<Measurement> EmptyMeasurements(const std::vector<Reader>& readers) {
-    std::vector<Measurement> measurements;
-    for (const Reader& reader : readers) measurements.push_back({reader, {}});
-    return measurements;
-}
-
-// One reader's turn in one folder.
-struct Turn {
-    const ProfileFolder* folder;
-    CountCheck* check;
-    Measurement* measurement;
-
-    double Take() const { return MeasureOnce(*folder, measurement->reader, *check); }
-};
-
-void TakeTurns(std::vector<Turn> turns, std::size_t rounds, std::uint64_t seed, bool repeatEach) {
-    for (const Turn& turn : turns) turn.Take();
-    std::mt19937_64 random(seed);
-    for (std::size_t round = 0; round < rounds; ++round) {
-        std::shuffle(turns.begin(), turns.end(), random);
-        for (const Turn& turn : turns) {
-            if (repeatEach) turn.Take();
-            turn.measurement->nanoseconds.push_back(turn.Take());
-        }
-    }
-}
-
 }  // namespace
-
-double ProcessorNanoseconds() {
-    struct timespec now {};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-    return static_cast<double>(now.tv_sec) * 1e9 + static_cast<double>(now.tv_nsec);
-}
 
 std::vector<Measurement> MeasureReaders(const ProfileFolder& folder, const std::vector<Reader>& readers,
                                         std::size_t rounds, std::uint64_t seed) {
     CountCheck check(folder.files.size());
-    std::vector<Measurement> measurements = EmptyMeasurements(readers);
-    std::vector<Turn> turns;
-    for (Measurement& measurement : measurements) turns.push_back({&folder, &check, &measurement});
-    TakeTurns(std::move(turns), rounds, seed, /*repeatEach=*/false);
+    std::vector<Contender> contenders;
+    for (const Reader& reader : readers)
+        contenders.push_back({reader.title, [&] { return MeasureOnce(folder, reader, check); }, {}});
+    TakeTurns(contenders, rounds, seed);
+    std::vector<Measurement> measurements;
+    for (std::size_t i = 0; i < readers.size(); ++i)
+        measurements.push_back({readers[i], std::move(contenders[i].nanoseconds)});
     return measurements;
 }
 
@@ -95,18 +63,24 @@ std::vector<FolderMeasurement> MeasureFolders(const std::vector<ProfileFolder>& 
                                               const std::vector<Reader>& readers, std::size_t rounds,
                                               std::uint64_t seed) {
     std::vector<CountCheck> checks;
-    std::vector<FolderMeasurement> measurements;
-    for (const ProfileFolder& folder : folders) {
-        checks.emplace_back(folder.files.size());
-        measurements.push_back({folder.files.size(), EmptyMeasurements(readers)});
-    }
-    std::vector<Turn> turns;
+    for (const ProfileFolder& folder : folders) checks.emplace_back(folder.files.size());
+    std::vector<Contender> contenders;
     for (std::size_t i = 0; i < folders.size(); ++i) {
-        for (Measurement& measurement : measurements[i].readers) {
-            turns.push_back({&folders[i], &checks[i], &measurement});
+        for (const Reader& reader : readers) {
+            const auto measure = [&folder = folders[i], &check = checks[i], &reader] {
+                MeasureOnce(folder, reader, check);
+                return MeasureOnce(folder, reader, check);
+            };
+            contenders.push_back({reader.title, measure, {}});
         }
     }
-    TakeTurns(std::move(turns), rounds, seed, /*repeatEach=*/true);
+    TakeTurns(contenders, rounds, seed);
+    std::vector<FolderMeasurement> measurements;
+    for (std::size_t i = 0; i < contenders.size(); ++i) {
+        const std::size_t reader = i % readers.size();
+        if (reader == 0) measurements.push_back({folders[i / readers.size()].files.size(), {}});
+        measurements.back().readers.push_back({readers[reader], std::move(contenders[i].nanoseconds)});
+    }
     return measurements;
 }
 
@@ -114,11 +88,4 @@ const Measurement* Find(const std::vector<Measurement>& measurements, const std:
     const auto found = std::find_if(measurements.begin(), measurements.end(),
                                     [&key](const Measurement& each) { return each.reader.key == key; });
     return found == measurements.end() ? nullptr : &*found;
-}
-
-Quartiles RatiosOf(const Measurement& a, const Measurement& b) {
-    std::vector<double> ratios(a.nanoseconds.size());
-    std::transform(a.nanoseconds.begin(), a.nanoseconds.end(), b.nanoseconds.begin(), ratios.begin(),
-                   [](double x, double y) { return x / y; });
-    return QuartilesOf(std::move(ratios));
 }

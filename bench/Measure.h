@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Timing readers against each other on a noisy machine: rounds in which each takes its turn, in an order that
-// is shuffled anew for every round. What is compared are ratios within a round, so that a slow minute of the
-// machine meets all readers alike.
+// Readers of profiles, timed against each other.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "bench/Quartiles.h"
 #include "bench/Readers.h"
-
-// The processor time of this thread. Nothing here waits for a disk, so on a quiet machine it is the time by
-// the clock; on a busy one it leaves out the turns of others.
-double ProcessorNanoseconds();
+#include "bench/Rounds.h"
 
 struct Measurement {
     Reader reader;
@@ -44,6 +38,3 @@ std::vector<FolderMeasurement> MeasureFolders(const std::vector<ProfileFolder>& 
 
 // The measurement of the reader with that key, or null.
 const Measurement* Find(const std::vector<Measurement>& measurements, const std::string& key);
-
-// How much longer `a` took than `b`, round by round.
-Quartiles RatiosOf(const Measurement& a, const Measurement& b);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "bench/MicroCases.h"
+#include "bench/Rounds.h"
 #include "bench/Table.h"
 
 namespace {
@@ -24,7 +25,7 @@ void AddRatio(std::vector<Target>& targets, const std::vector<MicroResult>& resu
     const auto row = FindResult(results, name);
     const auto base = FindResult(results, baseName);
     if (row == results.end() || base == results.end()) return;
-    const double ratio = QuartilesOf(row->nanoseconds).median / QuartilesOf(base->nanoseconds).median;
+    const Interval ratio = IntervalOf(RatiosOf(row->nanoseconds, base->nanoseconds));
     targets.push_back({std::string(name) + " / " + baseName, ratio, limit});
 }
 

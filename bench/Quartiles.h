@@ -11,3 +11,16 @@ struct Quartiles {
 };
 
 Quartiles QuartilesOf(std::vector<double> values);
+
+// Where the median lies of all values that could have been measured: with 95 % between `low` and `high`,
+// whatever their distribution, if the measurements are independent. A single figure lies at itself.
+struct Interval {
+    Interval(double value) : low(value), median(value), high(value) {}
+    Interval(double lowest, double middle, double highest) : low(lowest), median(middle), high(highest) {}
+
+    double low;
+    double median;
+    double high;
+};
+
+Interval IntervalOf(std::vector<double> values);

@@ -5,16 +5,21 @@
 #include <string>
 #include <vector>
 
-// A figure that must not be above its limit.
+#include "bench/Quartiles.h"
+
+// A figure that must not be above its limit. It is missed when all of its interval is, and in doubt when its
+// median alone is: noise must not fail a run, nor pass for a success.
 struct Target {
     std::string what;
-    double value;
+    Interval value;
     double limit;
 
-    bool IsMet() const { return value <= limit; }
+    bool IsMissed() const { return value.low > limit; }
+    bool IsInDoubt() const { return value.median > limit && !IsMissed(); }
 };
 
 // A line of a list for each target.
 std::string TargetsText(const std::vector<Target>& targets);
 
+// Whether none is missed.
 bool AreMet(const std::vector<Target>& targets);
