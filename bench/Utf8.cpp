@@ -2,6 +2,9 @@
 #include "bench/Utf8.h"
 
 #include <cstdint>
+#include <stdexcept>
+
+#include "text/Encoding.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -48,8 +51,19 @@ bool ConvertBlock(const char16_t* at, char* out) {
     _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_packus_epi16(first, second));
     return true;
 }
+
+// Widens sixteen bytes when all are ASCII.
+bool WidenBlock(const char* at, char16_t* out) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    if (_mm_movemask_epi8(bytes) != 0) return false;
+    const __m128i zero = _mm_setzero_si128();
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + kBlock / 2), _mm_unpackhi_epi8(bytes, zero));
+    return true;
+}
 #else
 bool ConvertBlock(const char16_t*, char*) { return false; }
+bool WidenBlock(const char*, char16_t*) { return false; }
 #endif
 
 }  // namespace
@@ -67,4 +81,14 @@ std::size_t Utf16ToUtf8(const char16_t* units, std::size_t count, char* bytes) {
         }
     }
     return static_cast<std::size_t>(out - bytes);
+}
+
+// What follows the first block that is not all ASCII is left to the library's conversion.
+std::size_t WidenUtf8(const char* bytes, std::size_t count, char16_t* units) {
+    std::size_t at = 0;
+    while (count - at >= kBlock && WidenBlock(bytes + at, units + at)) at += kBlock;
+    std::size_t rest = 0;
+    const auto* tail = reinterpret_cast<const unsigned char*>(bytes + at);
+    if (!Utf8ToUtf16(tail, count - at, units + at, rest)) throw std::runtime_error("no valid UTF-8");
+    return at + rest;
 }
