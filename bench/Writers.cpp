@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr std::size_t kDocuments = 200;
+constexpr std::size_t kDocuments = 20;  // as many as the caches hold of every kind
 
 // Collects what a writer gives in pieces, in memory that is used again for the next document.
 class TextCollector : public pugi::xml_writer {

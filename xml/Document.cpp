@@ -16,6 +16,7 @@ namespace {
 // A read into memory that is not aligned to a cache line can take nearly twice as long.
 constexpr std::size_t kLine = 64;
 constexpr std::size_t kRecordAlignment = alignof(void*);
+constexpr std::size_t kPadding = kScanPadding * sizeof(kmChar);  // copied texts are scanned too
 constexpr std::size_t kLeastChunk = 2048;
 constexpr std::size_t kLargestChunk = std::size_t{256} * 1024;
 
@@ -33,7 +34,7 @@ DocumentHandle Document::Create(std::size_t units) {
     const std::size_t header = RoundUp(sizeof(Document), kLine);
     const std::size_t text = RoundUp((units + kScanPadding) * sizeof(kmChar), kLine);
     const std::size_t records = RecordBytesFor(units * sizeof(kmChar));
-    void* block = ::operator new(header + text + records + kLine);
+    void* block = ::operator new(header + text + records + kLine + kPadding);
 
     const auto address = reinterpret_cast<std::uintptr_t>(block);
     char* start = static_cast<char*>(block) + (RoundUp(address, kLine) - address);
@@ -58,7 +59,7 @@ void Document::Destroy() {
 
 void Document::AddChunk(std::size_t bytes) {
     const std::size_t room = std::max(bytes, std::clamp(m_reserved / 4, kLeastChunk, kLargestChunk));
-    auto* chunk = new (::operator new(sizeof(Chunk) + room)) Chunk{m_chunks};
+    auto* chunk = new (::operator new(sizeof(Chunk) + room + kPadding)) Chunk{m_chunks};
     m_chunks = chunk;
     m_free = reinterpret_cast<char*>(chunk + 1);
     m_end = m_free + room;

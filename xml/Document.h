@@ -10,7 +10,8 @@
 // refers to any of its records: a record cannot be reached from its children, so it does not matter that a
 // parent which nobody holds stays in memory as long as one of its children is held. A later change must keep
 // two things: no piece may be ended over a line feed before the position of an error has been counted in the
-// text, and kScanPadding readable units must follow the text.
+// text, and kScanPadding readable units must follow every
+// piece, copied ones too.
 #pragma once
 
 #include <cstddef>

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The parser walks the text once; what it finds is recorded as pointers into the text. The element that is being
-// parsed is `m_open`, and its parent links are the stack. Attributes written as nearly all are get their null
-// units at once; everything else stays as it is until the whole text has been read and the place of an error or
-// warning has been counted. Then Seal ends every recorded piece by a null unit and decodes its entities.
+// The parser walks the text once; what it finds is recorded as pointers into the text. The element that is
+// being parsed is `m_open`, and its parent links are the stack. Attributes written as nearly all are get
+// their null units at once; everything else stays as it is until the whole text has been read and the place
+// of an error or warning has been counted. Then Seal ends every recorded piece by a null unit and decodes its
+// entities.
 #include "xml/Parser.h"
 
 #include <algorithm>

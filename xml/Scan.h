@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The inner loops of the parser: each finds the next unit that matters. With SSE2 they look at eight units at
-// a time; the portable forms are the reference. All of them stop at a null unit, and the SSE2 forms may read
-// up to kScanPadding units from where they start, so that many must be readable after the text's end.
+// The inner loops of the parser, each of which finds the next unit that matters, and of the writer. With SSE2
+// they look at eight units at a time; the portable forms are the reference. Those of the parser stop at a
+// null unit. The SSE2 forms may read up to kScanPadding units from where they start, so that many must be
+// readable after the text's end, and may write as many behind what they copy.
 #pragma once
 
 #include <cstddef>
@@ -44,7 +45,24 @@ constexpr bool MayEndWord(kmChar c) {
     return c == 0 || IsXMLSpace(c) || c == KM_TEXT('/') || (c >= KM_TEXT('<') && c <= KM_TEXT('>'));
 }
 
+// What texts and values in files have entities for.
+constexpr bool NeedsEntity(kmChar c) {
+    return c == KM_TEXT('&') || c == KM_TEXT('<') || c == KM_TEXT('>') || c == KM_TEXT('"') ||
+           c == KM_TEXT('\'');
+}
+
 namespace portable {
+
+// Copies the units up to `end`.
+inline void Copy(const kmChar* at, const kmChar* end, kmChar* to) {
+    while (at != end) *to++ = *at++;
+}
+
+// Copies the units up to the first that needs an entity, or `end`, and returns where that is.
+inline const kmChar* CopyPlain(const kmChar* at, const kmChar* end, kmChar* to) {
+    while (at != end && !NeedsEntity(*at)) *to++ = *at++;
+    return at;
+}
 
 // The next "<" or null.
 inline const kmChar* FindMarkup(const kmChar* at) {
@@ -101,6 +119,40 @@ inline const kmChar* Find(const kmChar* at, Marks marks) {
         const auto mask = static_cast<unsigned>(_mm_movemask_epi8(marks(Load(at))));
         if (mask != 0) return at + std::countr_zero(mask) / 2;
     }
+}
+
+inline void Store(kmChar* to, __m128i units) { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), units); }
+
+// Most pieces end within sixteen units, so that these take no decision that the processor could guess wrong.
+inline void Copy(const kmChar* at, const kmChar* end, kmChar* to) {
+    do {
+        Store(to, Load(at));
+        Store(to + 8, Load(at + 8));
+        at += 16;
+        to += 16;
+    } while (at < end);
+}
+
+// Two of the units differ from another one of them in one bit.
+inline __m128i NeedEntities(__m128i units) {
+    const __m128i quoteOrAmpersand = Equal(_mm_or_si128(units, _mm_set1_epi16(1)), KM_TEXT('\''));
+    const __m128i angle = Equal(_mm_or_si128(units, _mm_set1_epi16(2)), KM_TEXT('>'));
+    return _mm_or_si128(Equal(units, KM_TEXT('"')), _mm_or_si128(quoteOrAmpersand, angle));
+}
+
+inline const kmChar* CopyPlain(const kmChar* at, const kmChar* end, kmChar* to) {
+    for (; at < end; at += 16, to += 16) {
+        const __m128i low = Load(at);
+        const __m128i high = Load(at + 8);
+        Store(to, low);
+        Store(to + 8, high);
+        const __m128i marks = _mm_packs_epi16(NeedEntities(low), NeedEntities(high));
+        const auto mask = static_cast<unsigned>(_mm_movemask_epi8(marks));
+        if (mask == 0) continue;
+        const kmChar* found = at + std::countr_zero(mask);
+        return found < end ? found : end;
+    }
+    return end;
 }
 
 inline const kmChar* FindMarkup(const kmChar* at) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Serialises a tree twice with the same code: once into a sink that only counts, then into memory of exactly
-// that size. The walk goes along the parent links, so depth costs no stack.
+// Serialises a tree twice with the same code: once into a sink that only counts, then into memory. The first
+// time entities are left out, since finding what needs them takes as long as writing; memory is taken for a
+// few of them, and a tree with more is counted again. The walk goes along the parent links, so depth costs no
+// stack.
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -11,14 +13,27 @@
 #include "xml/Limits.h"
 #include "xml/RawMarkers.h"
 #include "xml/SameTree.h"
+#include "xml/Scan.h"
 #include "xml/XMLNode.h"
 
 namespace {
 
+enum class Entities { NotCounted, Counted };
+
+// Counts the units; those of entities beyond the ones that they stand for only when it is told to.
+template <Entities kEntities>
 class CountingSink {
 public:
     void Put(kmChar) { ++m_length; }
     void Put(kmStringView text) { m_length += text.size(); }
+    void PutPiece(kmStringView piece) { m_length += piece.size(); }
+    void PutEscaped(kmStringView piece) {
+        m_length += piece.size();
+        if constexpr (kEntities == Entities::NotCounted) return;
+        for (const kmChar c : piece) {
+            if (NeedsEntity(c)) m_length += EntityFor(c).size() - 1;
+        }
+    }
     void Repeat(kmChar, std::size_t count) { m_length += count; }
     std::size_t Length() const { return m_length; }
 
@@ -26,17 +41,46 @@ private:
     std::size_t m_length = 0;
 };
 
+// Writes into memory that has room for what is put, for `entityRoom` more units, and for kScanPadding behind
+// all of it. Pieces are those of a document, which are followed by as many readable units.
 class MemorySink {
 public:
-    explicit MemorySink(kmChar* memory) : m_at(memory) {}
+    MemorySink(kmChar* memory, std::size_t entityRoom) : m_at(memory), m_entityRoom(entityRoom) {}
     void Put(kmChar c) { *m_at++ = c; }
     void Put(kmStringView text) { m_at += text.copy(m_at, text.size()); }
+    void PutPiece(kmStringView piece) {
+        scan::Copy(piece.data(), piece.data() + piece.size(), m_at);
+        m_at += piece.size();
+    }
+    void PutEscaped(kmStringView piece) {
+        const kmChar* const end = piece.data() + piece.size();
+        for (const kmChar* at = piece.data();; ++at) {
+            const kmChar* stop = scan::CopyPlain(at, end, m_at);
+            m_at += stop - at;
+            if (stop == end) return;
+            PutEntity(EntityFor(*stop));
+            at = stop;
+        }
+    }
     void Repeat(kmChar c, std::size_t count) {
         while (count-- > 0) Put(c);
     }
 
+    const kmChar* End() const { return m_at; }
+    // Whether there was not enough room for the entities; what was written is worth nothing then.
+    bool IsFull() const { return m_isFull; }
+
 private:
+    void PutEntity(kmStringView entity) {
+        m_isFull = m_isFull || entity.size() - 1 > m_entityRoom;
+        if (m_isFull) return;
+        m_entityRoom -= entity.size() - 1;
+        Put(entity);
+    }
+
     kmChar* m_at;
+    std::size_t m_entityRoom;
+    bool m_isFull = false;
 };
 
 bool IsNamed(const Element& element) { return element.text != nullptr && element.length > 0; }
@@ -87,8 +131,8 @@ private:
         Tabs(m_level);
         m_sink.Put(KM_TEXT('<'));
         if (element.isDeclaration) m_sink.Put(KM_TEXT('?'));
-        m_sink.Put(kmStringView(element.text, element.length));
-        for (std::uint32_t i = 0; i < element.attributeCount; ++i) WriteAttribute(element.attributes[i]);
+        m_sink.PutPiece({element.text, element.length});
+        WriteAttributes(element);
         if (element.isDeclaration) {
             m_sink.Put(KM_TEXT("?>"));
             EndLine();
@@ -98,14 +142,21 @@ private:
         }
     }
 
-    void WriteAttribute(const Attribute& attribute) {
-        if (attribute.nameLength == 0) return;
-        m_sink.Put(KM_TEXT(' '));
-        m_sink.Put(kmStringView(attribute.name, attribute.nameLength));
-        if (attribute.value == nullptr) return;
-        m_sink.Put(KM_TEXT("=\""));
-        WriteEscaped({attribute.value, attribute.valueLength});
-        m_sink.Put(KM_TEXT('"'));
+    // Into a copy of the sink, because a local variable can stay in registers.
+    void WriteAttributes(const Element& element) {
+        Sink sink = m_sink;
+        const Attribute* const end = element.attributes + element.attributeCount;
+        for (const Attribute* attribute = element.attributes; attribute != end; ++attribute) {
+            if (attribute->nameLength == 0) continue;
+            sink.Put(KM_TEXT(' '));
+            sink.PutPiece(attribute->Name());
+            if (attribute->value == nullptr) continue;
+            sink.Put(KM_TEXT('='));
+            sink.Put(KM_TEXT('"'));
+            sink.PutEscaped(attribute->Value());
+            sink.Put(KM_TEXT('"'));
+        }
+        m_sink = sink;
     }
 
     void WriteEnd(const Element& element) {
@@ -115,7 +166,7 @@ private:
         } else {
             Tabs(m_level);
             m_sink.Put(KM_TEXT("</"));
-            m_sink.Put(kmStringView(element.text, element.length));
+            m_sink.PutPiece({element.text, element.length});
             m_sink.Put(KM_TEXT('>'));
         }
         EndLine();
@@ -127,26 +178,14 @@ private:
         if (content.kind == ContentKind::Text) {
             if (text.empty()) return;
             Tabs(m_level + 1);
-            WriteEscaped(text);
+            m_sink.PutEscaped(text);
         } else {
             Tabs(m_level + 1);
             m_sink.Put(kRawMarkers[content.marker].open);
-            m_sink.Put(text);
+            m_sink.PutPiece(text);
             m_sink.Put(kRawMarkers[content.marker].close);
         }
         EndLine();
-    }
-
-    void WriteEscaped(kmStringView text) {
-        std::size_t from = 0;
-        for (std::size_t at = 0; at < text.size(); ++at) {
-            const kmStringView entity = EntityFor(text[at]);
-            if (entity.empty()) continue;
-            m_sink.Put(text.substr(from, at - from));
-            m_sink.Put(entity);
-            from = at + 1;
-        }
-        m_sink.Put(text.substr(from));
     }
 
     Sink& m_sink;
@@ -161,20 +200,41 @@ struct Text {
 
 constexpr std::size_t kUnlimited = static_cast<std::size_t>(-1);
 
-// `prefix`, then the serialised element, then a null unit that the length does not count. Nothing when that
-// would be more than `limit` units, which deep indentation makes of small trees.
-Text Serialize(const Element& element, bool formatted, kmStringView prefix, std::size_t limit = kUnlimited) {
-    CountingSink counter;
+template <Entities kEntities>
+std::size_t CountUnits(const Element& element, bool formatted) {
+    CountingSink<kEntities> counter;
     Serializer(counter, formatted).Write(element);
+    return counter.Length();
+}
+
+// `prefix`, then the serialised element, then a null unit that the length does not count. Nothing when the
+// memory is too small: `length` units for all but entities, and `entityRoom` for these.
+Text Write(const Element& element, bool formatted, kmStringView prefix, std::size_t length,
+           std::size_t entityRoom) {
     Text text;
-    if (counter.Length() > limit - prefix.size()) return text;
-    text.length = prefix.size() + counter.Length();
-    text.units.reset(new kmChar[text.length + 1]);
-    MemorySink sink(text.units.get());
+    text.units.reset(new kmChar[prefix.size() + length + entityRoom + 1 + kScanPadding]);
+    MemorySink sink(text.units.get(), entityRoom);
     sink.Put(prefix);
     Serializer(sink, formatted).Write(element);
+    if (sink.IsFull()) return {};
+    text.length = static_cast<std::size_t>(sink.End() - text.units.get());
     sink.Put(kmChar{0});
     return text;
+}
+
+// The same in memory that is large enough. Nothing when that would be more than `limit` units, which deep
+// indentation makes of small trees.
+Text Serialize(const Element& element, bool formatted, kmStringView prefix, std::size_t limit = kUnlimited) {
+    const std::size_t length = CountUnits<Entities::NotCounted>(element, formatted);
+    if (length > limit - prefix.size()) return {};
+    constexpr std::size_t kFewEntities = 64;
+    Text text = Write(element, formatted, prefix, length, length / 16 + kFewEntities);
+    if (text.units == nullptr) {
+        const std::size_t wholeLength = CountUnits<Entities::Counted>(element, formatted);
+        if (wholeLength > limit - prefix.size()) return {};
+        text = Write(element, formatted, prefix, length, wholeLength - length);
+    }
+    return text.length > limit ? Text() : std::move(text);
 }
 
 constexpr kmChar kMark = 0xFEFF;

@@ -43,6 +43,28 @@ TEST(XmlScan, FastFormsAnswerLikeThePortableOnes) {
     }
 }
 
+// What is copied is what the portable form copies, and what stands in front of it stays.
+TEST(XmlScan, TextsAreCopiedLikeThePortableFormCopiesThem) {
+    constexpr kmStringView kUnits = KM_TEXT("aaaaaaa&<>\"'\x01!%#\x7FFF\x2600\x3C00\xFF26\x8022");
+    using CopyPlain = const kmChar* (*)(const kmChar*, const kmChar*, kmChar*);
+    std::mt19937 random(4);
+    for (int round = 0; round < 20000; ++round) {
+        kmString text(random() % 40 + kScanPadding, '<');
+        const kmChar* end = text.data() + text.size() - kScanPadding;
+        for (kmChar* at = text.data(); at != end; ++at)
+            *at = kUnits[random() % (round % 2 == 0 ? 7 : kUnits.size())];
+        const auto copied = [&](CopyPlain copy) {
+            kmString to(1 + text.size(), '-');
+            const auto count = static_cast<std::size_t>(copy(text.data(), end, to.data() + 1) - text.data());
+            return to.substr(0, 1 + count);
+        };
+        ASSERT_EQ(copied(scan::CopyPlain), copied(portable::CopyPlain)) << Shown(text.data(), end);
+        kmString whole(text.size(), '-');
+        scan::Copy(text.data(), end, whole.data());
+        ASSERT_EQ(kmStringView(whole.data(), text.size() - kScanPadding), kmStringView(text.data(), end));
+    }
+}
+
 // Attributes of every length around the window in which they are looked for, plain and spoilt in one place.
 TEST(XmlScan, PlainAttributesAreFoundLikeThePortableFormFindsThem) {
     constexpr kmChar kSpoilers[] = {'<',    '&',    '"',    '\'',   '=', ' ', 0,
