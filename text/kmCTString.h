@@ -2,11 +2,11 @@
 // A wide string with the tests, trims and conversions that the whole library uses.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <vector>
 
 #include "text/Ascii.h"
+#include "text/FindUnit.h"
 
 // Adds no data to the string that it is; works on code units, knows no letters beyond ASCII.
 class kmCTString : public kmString {
@@ -54,7 +54,7 @@ template <class Take>
 void ForEachPiece(kmStringView text, kmChar separator, Take take) {
     const kmChar* const end = text.data() + text.size();
     for (const kmChar* from = text.data();; ++from) {
-        const kmChar* to = std::find(from, end, separator);
+        const kmChar* to = FindUnit(from, end, separator);
         take(TrimView({from, static_cast<std::size_t>(to - from)}, KM_TEXT(' ')));
         if (to == end) return;
         from = to;

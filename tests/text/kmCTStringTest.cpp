@@ -28,3 +28,17 @@ TEST(CTString, ReplaceAll) {
         EXPECT_EQ(Utf8(text), row.expected) << row.name << " given " << Utf8(row.text);
     }
 }
+// From every place of texts of every length around the width of a register.
+TEST(CTString, SeparatorsAreFoundLikeThePortableFormFindsThem) {
+    for (std::size_t length = 0; length < 40; ++length) {
+        for (std::size_t comma = 0; comma <= length; ++comma) {
+            kmString text(length, kmChar{0x2C2C});
+            if (comma < length) text[comma] = KM_TEXT(',');
+            const kmChar* const end = text.data() + length;
+            for (const kmChar* at = text.data(); at <= end; ++at)
+                ASSERT_EQ(FindUnit(at, end, KM_TEXT(',')) - at, FindUnitPortably(at, end, KM_TEXT(',')) - at)
+                    << "given " << length << " units with a comma at " << comma << ", from "
+                    << at - text.data();
+        }
+    }
+}
