@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "bench/Comparison.h"
 
+#include <utility>
+
 #include "bench/Table.h"
 
 std::string ComparisonTable(const Comparison& comparison) {
@@ -18,8 +20,10 @@ std::string ComparisonTable(const Comparison& comparison) {
 std::vector<Target> ComparisonTargets(const Comparison& comparison) {
     std::vector<Target> targets;
     for (const RatioLimit& limit : comparison.limits) {
-        targets.push_back(RatioTarget(comparison.contenders[limit.contender],
-                                      comparison.contenders[limit.base], limit.limit));
+        Target target = RatioTarget(comparison.contenders[limit.contender], comparison.contenders[limit.base],
+                                    limit.limit);
+        target.what = comparison.title + ": " + target.what;
+        targets.push_back(std::move(target));
     }
     return targets;
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Groups of contenders that are measured together, and what has to hold of them.
+// Groups of contenders that are measured together, and what has to hold of them. Those that are made here
+// throw std::runtime_error when anything that is compared fails.
 #pragma once
 
 #include <cstddef>
@@ -48,5 +49,3 @@ Comparison Writers(const ProfileFolder& folder);
 Comparison Listing(const ProfileFolder& folder, const std::filesystem::path& tool);
 Comparison ArgumentsOf(const ProfileFolder& folder, const std::filesystem::path& tool,
                        const std::filesystem::path& emptyProgram);
-
-// Throws std::runtime_error when anything that is compared fails.
