@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The next unit of a kind in a text. With SSE2 eight units are looked at together, and none behind the text is
-// read; the portable form is the reference.
+// The next unit of a kind in a text. With SSE2 eight units are looked at together, and none behind the text
+// is read; the portable form is the reference.
 #pragma once
 
 #include <algorithm>
