@@ -54,10 +54,10 @@ public:
 
     // The item's own lists: texts shown and values chosen, made of the file's text when they are first asked
     // for. References live as long as the item; to change a list is to change the item.
-    std::vector<kmString>& GetAdvCandidatesDisplay() { return m_advCandidatesDisplay.Entries(); }
-    const std::vector<kmString>& GetAdvCandidatesDisplay() const { return m_advCandidatesDisplay.Entries(); }
-    std::vector<kmString>& GetAdvCandidatesValue() { return m_advCandidatesValue.Entries(); }
-    const std::vector<kmString>& GetAdvCandidatesValue() const { return m_advCandidatesValue.Entries(); }
+    std::vector<kmString>& GetAdvCandidatesDisplay() { return m_advCandidatesDisplay.Get(); }
+    const std::vector<kmString>& GetAdvCandidatesDisplay() const { return m_advCandidatesDisplay.Get(); }
+    std::vector<kmString>& GetAdvCandidatesValue() { return m_advCandidatesValue.Get(); }
+    const std::vector<kmString>& GetAdvCandidatesValue() const { return m_advCandidatesValue.Get(); }
 
     // The simple view, likewise. An item without a simple name is not shown there.
     int GetSimplePriority() const { return m_simplePriority; }
@@ -68,14 +68,15 @@ public:
     void SetSimpleReadOnly(bool readOnly) { m_simpleReadOnly = readOnly; }
     bool GetSimpleHasCandidates() const { return m_simpleHasCandidates; }
     void SetSimpleHasCandidates(bool hasCandidates) { m_simpleHasCandidates = hasCandidates; }
-    std::vector<kmString>& GetSimpleCandidatesDisplay() { return m_simpleCandidatesDisplay.Entries(); }
+
+    // The simple view's own lists: the texts shown,
+    std::vector<kmString>& GetSimpleCandidatesDisplay() { return m_simpleCandidatesDisplay.Get(); }
     const std::vector<kmString>& GetSimpleCandidatesDisplay() const {
-        return m_simpleCandidatesDisplay.Entries();
+        return m_simpleCandidatesDisplay.Get();
     }
-    std::vector<kmString>& GetSimpleCandidatesValue() { return m_simpleCandidatesValue.Entries(); }
-    const std::vector<kmString>& GetSimpleCandidatesValue() const {
-        return m_simpleCandidatesValue.Entries();
-    }
+    // and the values chosen.
+    std::vector<kmString>& GetSimpleCandidatesValue() { return m_simpleCandidatesValue.Get(); }
+    const std::vector<kmString>& GetSimpleCandidatesValue() const { return m_simpleCandidatesValue.Get(); }
 
     // Makes the simple candidate value at `index` the item's value. False, with nothing changed, when there
     // is none.
@@ -138,13 +139,13 @@ private:
         List(const List& other);
         List(List&& other) noexcept { Take(std::move(other)); }
         List& operator=(List&& other) noexcept;
-        bool operator==(const List& other) const { return Entries() == other.Entries(); }
+        bool operator==(const List& other) const { return Get() == other.Get(); }
 
-        std::vector<kmString>& Entries() {
-            std::as_const(*this).Entries();
+        std::vector<kmString>& Get() {
+            std::as_const(*this).Get();
             return m_entries;
         }
-        const std::vector<kmString>& Entries() const {
+        const std::vector<kmString>& Get() const {
             if (!IsSplit()) Split();
             return m_entries;
         }

@@ -92,7 +92,7 @@ public:
 
     kmStringView ID() const { return m_item->m_id; }
     std::vector<kmString> Texts() const {
-        if (!m_isReduced) return DisplayOf(*m_item).Entries();
+        if (!m_isReduced) return DisplayOf(*m_item).Get();
         return {m_texts.begin(), m_texts.end()};
     }
 

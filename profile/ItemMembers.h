@@ -43,8 +43,8 @@ struct kmProfile::ItemMembers {
         return field;
     }
     static kmString Content(const kmProfileItem::Label& label) { return kmString(label.Text()); }
-    static const std::vector<kmString>& Content(const kmProfileItem::List& list) { return list.Entries(); }
-    static std::vector<kmString>& Content(kmProfileItem::List& list) { return list.Entries(); }
+    static const std::vector<kmString>& Content(const kmProfileItem::List& list) { return list.Get(); }
+    static std::vector<kmString>& Content(kmProfileItem::List& list) { return list.Get(); }
 
     static constexpr bool AreOfTheirKinds() {
         for (std::size_t i = 0; i < std::size(kMembers); ++i) {

@@ -48,7 +48,7 @@ struct kmProfile::ItemReader {
         field.Refer(texts->Add(text));
     }
     void Store(kmProfileItem::List& field, kmStringView text) const {
-        if (texts == nullptr) return SplitText(text, format::kListSeparator, field.Entries());
+        if (texts == nullptr) return SplitText(text, format::kListSeparator, field.Get());
         field.Refer(texts->Add(text));
     }
 

@@ -52,7 +52,7 @@ kmProfileItem::List& kmProfileItem::List::operator=(List&& other) noexcept {
     const bool wasSplit = IsSplit();
     Take(std::move(other));
     try {
-        if (wasSplit) Entries();
+        if (wasSplit) Get();
     } catch (const std::bad_alloc&) {
         // Split when it is asked for again.
     }
@@ -129,7 +129,7 @@ const kmProfileItem& kmProfileItem::operator=(kmProfileItem&& other) noexcept {
 }
 
 bool kmProfileItem::SetSimpleValue(int index) {
-    const std::vector<kmString>& values = m_simpleCandidatesValue.Entries();
+    const std::vector<kmString>& values = m_simpleCandidatesValue.Get();
     if (index < 0 || static_cast<std::size_t>(index) >= values.size()) return false;
     m_value = values[static_cast<std::size_t>(index)];
     return true;
@@ -137,11 +137,11 @@ bool kmProfileItem::SetSimpleValue(int index) {
 
 int kmProfileItem::GetSimpleItemIndex() const {
     if (m_simpleName.Text().empty()) return -1;
-    const std::vector<kmString>& values = m_simpleCandidatesValue.Entries();
+    const std::vector<kmString>& values = m_simpleCandidatesValue.Get();
     if (EqualNoCase(m_id, KM_TEXT("b")) || EqualNoCase(m_id, KM_TEXT("ab")))
         return BitratePosition(values, m_value);
     if (EqualNoCase(m_id, KM_TEXT("pq"))) {
-        const std::vector<kmString>& display = m_simpleCandidatesDisplay.Entries();
+        const std::vector<kmString>& display = m_simpleCandidatesDisplay.Get();
         if (display.size() == values.size()) return PositionOrLast(display, m_value);
     }
     return PositionOrLast(values, m_value);
