@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "kmExport.h"
+#include "kmFileFault.h"
 #include "kmTypes.h"
 
 // The folder that an operation means when it is given none: "Profiles" beside the running executable. With a
@@ -24,14 +25,21 @@ KM_EXPORT kmString kmUserFolder(const kmString& profilesFolder);
 KM_EXPORT kmString kmPathFromUtf8(std::string_view path);
 KM_EXPORT std::string kmUtf8FromPath(const kmString& path);
 
+// A file or folder that could not be read or made, and why.
+struct kmFailedFile {
+    kmString path;
+    FILE_FAULT fault = FILE_FAULT_NONE;
+};
+
 // What became of the files that were to be copied; their paths.
 struct kmCopiedFiles {
     std::vector<kmString> copied;  // as they are called in the new place
     std::vector<kmString> kept;    // there was something of that name in the new place, which stays
-    std::vector<kmString> failed;  // kmLastFileFault tells why the last of them did
+    std::vector<kmFailedFile> failed;
 };
 
 // Copies a profiles folder with its "user" subfolder: profiles, icons and every other file that is no folder
 // and does not begin with ".". Makes the new folder, and those that lead to it. Never replaces anything, and
-// leaves no part of a file behind. Without files to copy the result is empty; kmLastFileFault may tell why.
+// leaves no part of a file behind. A folder that is not there has no files; one that cannot be listed or made
+// fails as such.
 KM_EXPORT kmCopiedFiles kmCopyProfilesFolder(const kmString& from, const kmString& to);

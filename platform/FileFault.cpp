@@ -12,7 +12,7 @@ thread_local FILE_FAULT lastFault = FILE_FAULT_NONE;
 constexpr const kmChar* kTexts[] = {
     KM_TEXT(""),
     KM_TEXT("the file or its folder does not exist"),
-    KM_TEXT("the file is read-only"),
+    KM_TEXT("the file or what it is on is read-only"),
     KM_TEXT("permission is denied"),
     KM_TEXT("another program uses the file"),
     KM_TEXT("the name is longer than the file system allows"),
@@ -21,7 +21,7 @@ constexpr const kmChar* kTexts[] = {
     KM_TEXT("something of that name exists"),
     KM_TEXT("the disk is full"),
     KM_TEXT("the file is too large"),
-    KM_TEXT("the device failed"),
+    KM_TEXT("the system refused it, or the device failed"),
 };
 static_assert(std::size(kTexts) == FILE_FAULT_DEVICE + 1, "one text a fault");
 

@@ -116,7 +116,7 @@ void RemoveAbandoned(Handle folder, const kmString& path, const kmString& name, 
 // Makes changes of names in the folder of `file` last.
 [[nodiscard]] bool FlushFolderOf(const Path& file);
 
-// Makes one folder, whose parent must exist.
-void MakeFolder(const kmChar* path);
+// Makes one folder, whose parent must exist. True also when there was something of that name.
+[[nodiscard]] bool MakeFolder(const kmChar* path);
 
 }  // namespace machine

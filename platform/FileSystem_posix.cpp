@@ -239,10 +239,10 @@ constexpr Reason kReasons[] = {
     {EPERM, FILE_FAULT_ACCESS_DENIED}, {EBUSY, FILE_FAULT_IN_USE},
     {ETXTBSY, FILE_FAULT_IN_USE},      {ENAMETOOLONG, FILE_FAULT_NAME_TOO_LONG},
     {EILSEQ, FILE_FAULT_BAD_NAME},     {EINVAL, FILE_FAULT_BAD_NAME},
-    {EISDIR, FILE_FAULT_NO_FILE},      {ENXIO, FILE_FAULT_NO_FILE},  // a pipe or a socket without a partner
+    {EISDIR, FILE_FAULT_NO_FILE},      {ELOOP, FILE_FAULT_NO_FILE},  // a link that leads to itself
+    {ENXIO, FILE_FAULT_NO_FILE},                                     // a pipe or a socket without a partner
     {EEXIST, FILE_FAULT_EXISTS},       {ENOSPC, FILE_FAULT_DISK_FULL},
-    {EDQUOT, FILE_FAULT_DISK_FULL},
-    {EFBIG, FILE_FAULT_DISK_FULL},  // beyond what this user may write
+    {EDQUOT, FILE_FAULT_DISK_FULL},    {EFBIG, FILE_FAULT_DISK_FULL},  // beyond what this user may write
 };
 
 }  // namespace
@@ -426,14 +426,15 @@ bool FlushFolderOf(const Path& file) {
     return fsync(folder.Get()) == 0 || errno == EINVAL;
 }
 
-void MakeFolder(const kmChar* path) {
+bool MakeFolder(const kmChar* path) {
     kmString name = path;
     name.erase(name.find_last_not_of(KM_TEXT('\\')) + 1);
     Path entry;
-    if (!FindEntry(name.c_str(), entry) || !entry.empty()) return;
+    if (!FindEntry(name.c_str(), entry) || !entry.empty()) return !entry.empty();
     const Path place = FindGivenPlace(name.c_str());
-    if (place.empty() || mkdir(place.c_str(), 0777) != 0) return;
+    if (place.empty() || mkdir(place.c_str(), 0777) != 0) return false;
     static_cast<void>(FlushFolderOf(place));  // what is written into it decides
+    return true;
 }
 
 }  // namespace machine

@@ -393,6 +393,9 @@ void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& na
 // Names are written through by the calls that change them.
 bool FlushFolderOf(const Path& /*file*/) { return true; }
 
-void MakeFolder(const kmChar* path) { CreateDirectoryW(ToSystemPath(path).c_str(), nullptr); }
+bool MakeFolder(const kmChar* path) {
+    return CreateDirectoryW(ToSystemPath(path).c_str(), nullptr) != 0 ||
+           GetLastError() == ERROR_ALREADY_EXISTS;
+}
 
 }  // namespace machine

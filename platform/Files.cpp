@@ -420,4 +420,8 @@ bool RemoveFile(const kmChar* path) {
     return true;
 }
 
-void CreateFolder(const kmChar* path) { machine::MakeFolder(path); }
+bool CreateFolder(const kmChar* path) {
+    if (machine::MakeFolder(path)) return true;
+    NoteFault();
+    return false;
+}

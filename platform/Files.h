@@ -106,5 +106,6 @@ bool EntryExists(const kmChar* path);
 // Removes a file. False when there is none, it is no regular file, or it may not be written.
 [[nodiscard]] bool RemoveFile(const kmChar* path);
 
-// Makes one folder, whose parent must exist. Failure shows when something is written into it.
-void CreateFolder(const kmChar* path);
+// Makes one folder, whose parent must exist. True also when there was something of that name. Failure shows when
+// something is written into it, too.
+bool CreateFolder(const kmChar* path);

@@ -24,4 +24,5 @@ struct ProfileIcon {
 ProfileIcon IconOf(kmManager& catalogue, const kmString& id);
 
 // Warns when the profile, which should have taken over that icon, did not get it.
-void WarnOfLostIcon(kmManager& catalogue, const kmString& id, const ProfileIcon& wanted);
+void WarnOfLostIcon(kmManager& catalogue, const kmString& folder, const kmString& id,
+                    const ProfileIcon& wanted);

@@ -7,6 +7,8 @@
 #include "Console.h"
 #include "Failure.h"
 #include "Json.h"
+#include "Printable.h"
+#include "kmArgOption.h"
 #include "kmProfileItem.h"
 #include "kmText.h"
 
@@ -23,6 +25,8 @@ void Check(const CheckArguments& arguments) {
     if (arguments.name.empty()) throw UsageFailure("the option's name is empty");
     kmString message;
     const kmString name = kmTextFromUtf8(arguments.name);
+    if (kmArgOption::GetArgOption(name.c_str()) == nullptr)
+        PrintWarning(Quoted(arguments.name) + " is no option of the encoder");
     const bool isGood = kmProfileItem::Check(message, name.c_str(), kmTextFromUtf8(arguments.value).c_str());
     if (arguments.asJson) PrintJson({{"acceptable", isGood}, {"message", JsonText(message)}});
     if (isGood) return;

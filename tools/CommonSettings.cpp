@@ -12,18 +12,6 @@ namespace {
 using Selection = std::vector<kmProfile*>;
 using Texts = std::map<kmString, kmString>;
 
-// The library walks along the lists for each value that it is asked about. Where they are longer than this,
-// texts and values are paired here instead, as the lists have them.
-constexpr std::size_t kLongList = 256;
-
-bool HasLongList(const Selection& profiles, const kmChar* id) {
-    return std::any_of(profiles.begin(), profiles.end(), [id](const kmProfile* profile) {
-        const kmProfileItem* item = std::as_const(*profile).GetProfileItem(id);
-        return item != nullptr && std::max(item->GetAdvCandidatesValue().size(),
-                                           item->GetSimpleCandidatesValue().size()) > kLongList;
-    });
-}
-
 // The text that stands at each value's first position; none in lists of different length.
 Texts TextsByValue(const kmProfileItem& item) {
     const std::vector<kmString>& texts = item.GetAdvCandidatesDisplay();
@@ -43,17 +31,10 @@ void Intersect(Texts& texts, const Texts& others) {
     });
 }
 
-// What all profiles show for the values of the first one's list.
+// What all profiles show for the values of the first one's list. The library answers for one value at a time,
+// and walks along the lists for each.
 Texts CommonTexts(const Selection& profiles, const kmChar* id) {
-    const kmProfileItem& first = *profiles.front()->GetProfileItem(id);
-    Texts texts;
-    if (!HasLongList(profiles, id)) {
-        for (const kmString& value : first.GetAdvCandidatesValue()) {
-            texts.emplace(value, kmProfileList::GetDisplayValue(profiles, id, value.c_str()));
-        }
-        return texts;
-    }
-    texts = TextsByValue(first);
+    Texts texts = TextsByValue(*profiles.front()->GetProfileItem(id));
     for (const kmProfile* profile : profiles) Intersect(texts, TextsByValue(*profile->GetProfileItem(id)));
     return texts;
 }

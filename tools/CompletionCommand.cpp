@@ -43,7 +43,7 @@ std::string InQuotes(const std::string& text, const char* quote) {
 std::string BashCompletion(const CLI::App& app, const Commands& commands) {
     std::string script = R"sh(# bash completion for kmprofile
 _kmprofile() {
-    local current=${COMP_WORDS[COMP_CWORD]} command= words= i id
+    local current=${COMP_WORDS[COMP_CWORD]} command= words= quoted= i id
     local -a folder=()
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${COMP_WORDS[i]} in
@@ -74,10 +74,12 @@ _kmprofile() {
         )sh" +
            CommandNames(commands, "|", true) +
            R"sh()
+            quoted=${current%%[!\"\']*}
             current=${current#[\"\']}
-            current=${current//\\/}
+            [[ -n $quoted ]] || current=${current//\\/}
             while IFS= read -r id; do
-                [[ $id == "$current"* ]] && COMPREPLY+=("$(printf %q "$id")")
+                [[ $id == "$current"* ]] || continue
+                if [[ -n $quoted ]]; then COMPREPLY+=("$id"); else COMPREPLY+=("$(printf %q "$id")"); fi
             done < <("${COMP_WORDS[0]}" list --ids "${folder[@]}" 2> /dev/null)
             ;;
         help) mapfile -t COMPREPLY < <(compgen -W ')sh" +

@@ -31,9 +31,10 @@ std::string WhyNotDeleted(kmManager& catalogue, const kmString& id, const kmStri
            " is in the profiles folder itself; only those in its \"user\" subfolder are deleted";
 }
 
-// The catalogue deletes its own profiles, with their icons; what no load takes is but a file.
+// The catalogue deletes its own profiles, with their icons. What no load takes is but a file, and so is one
+// that look-ups do not find because a system profile has its ID.
 bool DeleteOne(kmManager& catalogue, const kmString& id, const kmString& folder) {
-    if (IsUsers(catalogue, id)) return catalogue.DeleteProfile(id);
+    if (IsUsers(catalogue, id) && catalogue.DeleteProfile(id)) return true;
     return kmProfileFileExists(kmUserFolder(folder), id) && kmDeleteProfileFile(kmUserFolder(folder), id);
 }
 

@@ -42,17 +42,26 @@ struct EditRequest {
     std::vector<Setting> settings;
 };
 
+bool IsProfile(const kmString& folder, const std::string& name) {
+    try {
+        FindProfileID(folder, name);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
 // An ID may look like a setting, so that profiles come first.
 EditRequest ReadRequest(const std::vector<std::string>& words, const kmString& folder) {
     const std::vector<kmString> ids = ListIDs(folder);
     EditRequest request;
     for (const std::string& word : words) {
         const bool isID = std::binary_search(ids.begin(), ids.end(), kmPathFromUtf8(word));
-        if (word.find('=') != std::string::npos && !isID) {
+        if (word.find('=') != std::string::npos && !isID && !IsProfile(folder, word)) {
             request.settings.push_back(ReadSetting(word));
             continue;
         }
-        const kmString id = FindProfileID(folder, word);
+        const kmString id = isID ? kmPathFromUtf8(word) : FindProfileID(folder, word);
         const bool isNew = std::find(request.ids.begin(), request.ids.end(), id) == request.ids.end();
         if (isNew) request.ids.push_back(id);
     }
@@ -120,8 +129,11 @@ void ShowCommonView(const Selection& profiles) {
 
 Json JsonOf(const CommonSetting& common, const kmProfileItem& item) {
     Json choices = Json::array();
-    for (const auto& [value, text] : common.textOfValue)
-        choices.push_back({{"text", JsonText(text)}, {"value", JsonText(value)}});
+    for (const kmString& value : item.GetAdvCandidatesValue()) {
+        const auto text = common.textOfValue.find(value);
+        choices.push_back({{"text", text == common.textOfValue.end() ? Json("") : JsonText(text->second)},
+                           {"value", JsonText(value)}});
+    }
     return {{"id", JsonText(item.GetID())},
             {"name", JsonText(item.GetAdvName())},
             {"group", JsonText(item.GetAdvGroup())},
@@ -187,6 +199,8 @@ void Edit(const EditArguments& arguments, const kmString& folder) {
     Selection profiles;
     profiles.reserve(loaded.size());
     for (kmProfile& profile : loaded) profiles.push_back(&profile);
+    if (request.settings.empty() && arguments.dryRun) throw UsageFailure("--dry-run: no change is given");
+    if (!request.settings.empty() && arguments.asJson) throw UsageFailure("--json: a change prints no data");
     if (!request.settings.empty()) return Change(profiles, request.settings, arguments.dryRun);
     (arguments.asJson ? PrintCommonJson : ShowCommonView)(profiles);
 }

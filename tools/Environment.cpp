@@ -13,5 +13,5 @@ std::string UserDataFolder() {
     std::string data = EnvironmentVariable("XDG_DATA_HOME");
     if (data.starts_with('/')) return data;
     const std::string home = EnvironmentVariable("HOME");
-    return home.empty() ? home : home + "/.local/share";
+    return home.starts_with('/') ? home + "/.local/share" : std::string();
 }

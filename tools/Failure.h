@@ -8,6 +8,7 @@
 inline constexpr int kExitDone = 0;
 inline constexpr int kExitFailure = 1;
 inline constexpr int kExitUsage = 2;
+inline constexpr int kExitNoOutput = 3;
 
 // Thrown by a command; the message, UTF-8, becomes one line on standard error. An empty one stays silent: the
 // reason already stands on standard output.

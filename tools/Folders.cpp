@@ -71,10 +71,16 @@ kmString InstalledProfilesFolder() {
     return ParentOf(besideProgram) + AsFolder(KM_INSTALLED_PROFILES);
 }
 
-std::vector<kmString> ListIDs(const kmString& folder) {
+void RequireFolder(const kmString& folder) {
     std::vector<kmString> ids;
     if (!AppendIDs(folder, ids))
         throw Failure(kmUtf8FromPath(folder) + ": no such folder (see kmprofile where and kmprofile init)");
+}
+
+std::vector<kmString> ListIDs(const kmString& folder) {
+    RequireFolder(folder);
+    std::vector<kmString> ids;
+    AppendIDs(folder, ids);
     AppendIDs(kmUserFolder(folder), ids);
     std::sort(ids.begin(), ids.end());
     ids.erase(std::unique(ids.begin(), ids.end()), ids.end());

@@ -29,6 +29,9 @@ const char* WhyThatFolder(FolderSource source);
 kmString UsersProfilesFolder();
 kmString InstalledProfilesFolder();
 
+// Throws a Failure that tells why a profiles folder cannot be listed.
+void RequireFolder(const kmString& folder);
+
 // The IDs of the profiles in the folder and in its "user" subfolder, by the names of their files alone, each
 // once, sorted. Throws a Failure that tells why one of the two cannot be listed.
 std::vector<kmString> ListIDs(const kmString& folder);

@@ -33,5 +33,6 @@ void AddHelpCommand(CLI::App& app) {
     auto name = std::make_shared<std::string>();
     CLI::App* command = app.add_subcommand("help", "Explain a command, or list them all");
     command->add_option("COMMAND", *name, "The command");
+    command->footer("");
     command->callback([name, &app] { Print(name->empty() ? WholeHelp(app) : HelpFor(app, *name)); });
 }

@@ -27,13 +27,13 @@ void Fill(const std::string& argument) {
     const kmString from = InstalledProfilesFolder();
     const kmString to = FolderToFill(argument);
     const kmCopiedFiles files = kmCopyProfilesFolder(from, to);
-    if (!files.failed.empty())
-        throw Failure(kmUtf8FromPath(files.failed.back()) +
-                      ": cannot be written: " + kmUtf8FromText(kmFileFaultText(kmLastFileFault())));
-    if (files.copied.empty() && files.kept.empty())
+    for (const kmFailedFile& failed : files.failed)
+        PrintError(kmUtf8FromPath(failed.path) + ": " + kmUtf8FromText(kmFileFaultText(failed.fault)));
+    if (files.copied.empty() && files.kept.empty() && files.failed.empty())
         throw Failure(kmUtf8FromPath(from) + ": no sample profiles");
     Print("copied " + std::to_string(files.copied.size()) + " files to " + Printable(kmUtf8FromPath(to)) +
           (files.kept.empty() ? "" : ", left " + std::to_string(files.kept.size()) + " as they were") + '\n');
+    if (!files.failed.empty()) throw Failure("");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "Json.h"
 #include "Lookup.h"
 #include "Printable.h"
+#include "kmFileFault.h"
 #include "kmFolders.h"
 #include "kmText.h"
 
@@ -35,11 +36,25 @@ bool LooksLikePath(const std::string& name) {
     return name.find_first_of("/\\") != std::string::npos || name.ends_with(".pf") || name.ends_with(".con");
 }
 
-// A folder, a file or, where neither is named, a profile.
-LintFindings Lint(const std::string& name, const kmString& folder) {
+LintFindings LintPath(const std::string& name) {
     if (FolderExists(FolderPath(name))) return kmLintFolder(FolderPath(name));
-    if (LooksLikePath(name)) return kmLintFile(kmPathFromUtf8(name));
-    return kmLintProfile(folder, FindProfileID(folder, name));
+    LintFindings findings = kmLintFile(kmPathFromUtf8(name));
+    const bool isMissing = !findings.empty() && findings.front().code == LINT_UNREADABLE_FILE &&
+                           kmLastFileFault() == FILE_FAULT_NOT_FOUND;
+    if (isMissing) throw Failure(name + ": there is no such file or folder");
+    return findings;
+}
+
+bool IsProfile(const kmString& folder, const std::string& name) {
+    const std::vector<kmString> ids = FolderExists(folder) ? ListIDs(folder) : std::vector<kmString>();
+    return std::any_of(ids.begin(), ids.end(),
+                       [id = kmPathFromUtf8(name)](const kmString& each) { return kmSameName(each, id); });
+}
+
+// A path, a profile's ID, a folder here or the name that a profile shows, in that order.
+LintFindings Lint(const std::string& name, const kmString& folder) {
+    const bool isPath = LooksLikePath(name) || (!IsProfile(folder, name) && FolderExists(FolderPath(name)));
+    return isPath ? LintPath(name) : kmLintProfile(folder, FindProfileID(folder, name));
 }
 
 LintFindings LintAll(const LintArguments& arguments, const kmString& folder) {
@@ -122,7 +137,7 @@ void AddLintCommand(CLI::App& app, const GlobalOptions& global) {
 "error" is left out by the library or refused by its checks; a "warning" is used, but hardly as it was meant; a
 "note" is good to know. Nothing is changed. What has a "/" or "\" or ends in ".pf" or ".con" is a file.
 
-Exit status: 0 without errors; 1 with errors; 2 wrong arguments, or nothing to look at.
+Exit status: 0 without errors; 1 with errors; 2 wrong arguments, or no such file, folder or profile.
 
 Examples:
   kmprofile lint

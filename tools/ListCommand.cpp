@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -96,6 +97,10 @@ void PrintIDs(const std::vector<ListedGroup>& groups) {
     }
     std::sort(printed.begin(), printed.end());
     printed.erase(std::unique(printed.begin(), printed.end()), printed.end());
+    for (const kmString& id : printed) {
+        if (id.find_first_of(KM_TEXT("\r\n")) != kmString::npos)
+            throw Failure(QuotedID(id) + " holds a line break (--json can print it)");
+    }
     for (const kmString& id : printed) PrintExactly(kmUtf8FromPath(id));
 }
 
@@ -144,36 +149,56 @@ kmLoadReport Load(const ListArguments& arguments, kmManager& catalogue, const km
                     finding.fault == LOAD_FAULT_FOLDER_UNREADABLE) &&
                    finding.path == report.folder;
         });
-    if (!isListed) ListIDs(folder);  // says why
+    if (!isListed) RequireFolder(folder);  // says why
     return report;
 }
 
-// Profiles that name no group pass every filter and stand in "others".
-bool HasMatch(kmManager& catalogue) {
-    const std::vector<kmGroup>& groups = catalogue.GetSystemGroups();
-    return std::any_of(groups.begin(), groups.end(),
-                       [](const kmGroup& group) { return group.GetName() != KM_TEXT("others"); });
+std::vector<kmString> PartsOf(const std::string& filter) {
+    std::vector<kmString> parts;
+    std::istringstream rest(filter);
+    for (std::string part; std::getline(rest, part, '|');) parts.push_back(kmTextFromUtf8(part));
+    return parts;
+}
+
+// What a filter names and no system profile or group has. What an inverted one leaves out is not known.
+std::vector<kmString> UnmatchedParts(const ListArguments& arguments, const std::vector<ListedGroup>& groups) {
+    const bool isByID = !arguments.idFilter.empty();
+    const std::string& filter = isByID ? arguments.idFilter : arguments.groupFilter;
+    if (filter.empty() || filter.front() == '~') return {};
+    std::vector<kmString> parts = PartsOf(filter);
+    for (const ListedGroup& group : groups) {
+        if (!group.isSystem) continue;
+        const auto isNamed = [&](const kmString& part) {
+            if (!isByID) return kmSameName(part, kmTextFromUtf8(group.name));
+            return std::any_of(group.profiles.begin(), group.profiles.end(),
+                               [&part](const auto* info) { return kmSameName(info->GetID(), part); });
+        };
+        std::erase_if(parts, isNamed);
+    }
+    return parts;
 }
 
 // Whether there was anything to tell.
-bool TellFaults(const ListArguments& arguments, kmManager& catalogue, const kmLoadReport& report) {
+bool TellFaults(const ListArguments& arguments, const std::vector<ListedGroup>& groups,
+                const kmLoadReport& report) {
     bool isAny = false;
     for (const kmLoadFinding& finding : report.findings) {
         if (IsExpected(finding)) continue;
         PrintError(Describe(finding));
         isAny = true;
     }
-    const std::string& filter = arguments.idFilter.empty() ? arguments.groupFilter : arguments.idFilter;
-    if (filter.empty() || HasMatch(catalogue)) return isAny;
-    PrintError("no system profile matches the filter " + Quoted(filter));
-    return true;
+    for (const kmString& part : UnmatchedParts(arguments, groups)) {
+        PrintError("no system profile matches the filter " + Quoted(kmUtf8FromText(part)));
+        isAny = true;
+    }
+    return isAny;
 }
 
 void List(const ListArguments& arguments, bool oneGroup, const kmString& folder) {
     kmManager& catalogue = kmManager::GetInstance();
     const kmLoadReport report = Load(arguments, catalogue, folder);
     std::vector<ListedGroup> groups = AllGroups(catalogue);
-    const bool hasFaults = TellFaults(arguments, catalogue, report);
+    const bool hasFaults = TellFaults(arguments, groups, report);
     if (oneGroup) KeepOnly(groups, arguments.group);
     if (arguments.asJson) {
         PrintAsJson(groups, catalogue, report);
@@ -206,7 +231,7 @@ void AddListCommand(CLI::App& app, const GlobalOptions& global) {
         R"(The user's profiles stand in the last group, "User Defined". Of two filters the one for IDs counts; letter
 case is free in both. What was left out, or used in part, is told on standard error, a line for each file.
 
-Exit status: 1 when anything was, or when no system profile matches the filter.
+Exit status: 1 when anything was, or when no system profile matches a part of the filter.
 
 Examples:
   kmprofile list

@@ -12,6 +12,7 @@
 #include "Suggestion.h"
 #include "kmFolders.h"
 #include "kmProfileFile.h"
+#include "kmProfileID.h"
 #include "kmText.h"
 
 namespace {
@@ -55,11 +56,17 @@ bool IsPassedOver(const kmString& folder, const kmString& id) {
            (isIn(folder) || isIn(kmUserFolder(folder)));
 }
 
+bool IsListed(const kmString& folder, const kmString& id) {
+    IDs ids;
+    return kmListProfileIDs(folder, ids) && std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
 }  // namespace
 
 kmString FindProfileID(const kmString& folder, const std::string& name) {
-    const IDs ids = ListIDs(folder);
     const kmString id = kmPathFromUtf8(name);
+    if (IsListed(folder, id)) return id;  // whatever the user's folder is like
+    const IDs ids = ListIDs(folder);
     if (std::binary_search(ids.begin(), ids.end(), id)) return id;
     IDs found = WithID(ids, id);
     if (found.size() > 1) throw Failure(Quoted(name) + " could be any of " + JoinIDs(found));

@@ -34,18 +34,24 @@ constexpr const char* kFooter = R"(Examples:
   kmprofile options vcodec
 
 A profile is given by its ID, which is its file name without ".pf", or by the name that it shows; letter case
-is free. It is looked for in the profiles folder ("kmprofile where" says which) and then in that folder's "user"
+(A to Z) is free. It is looked for in the profiles folder ("kmprofile where" says which) and then in that folder's "user"
 subfolder, which takes the copies of system profiles. Those of the system are never changed.
 
 Data goes to standard output, messages and warnings go to standard error. --json prints data for programs.
 "kmprofile COMMAND --help" explains one command.
 
-Exit status: 0 done; 1 refused or failed; 2 wrong arguments. "diff" and "convert" have others too.)";
+Exit status: 0 done; 1 refused or failed; 2 wrong arguments; 3 the output could not be written. "diff", "lint"
+and "convert" say more.)";
 
 void AddCommands(CLI::App& app, GlobalOptions& global) {
     app.set_help_flag("-h,--help", "Print this help and exit");
     app.add_option("--folder", global.folder, "The profiles folder (default: see kmprofile where)")
-        ->type_name("DIR");
+        ->type_name("DIR")
+        ->check(CLI::Validator(
+            [](const std::string& text) {
+                return std::string(text.empty() ? "the folder's name is empty" : "");
+            },
+            ""));
     app.set_version_flag("--version", "kmprofile " KM_VERSION, "Print the version and exit");
     app.require_subcommand(1);
     app.fallthrough();  // subcommands inherit it: --folder may also follow the command
@@ -146,5 +152,5 @@ int main(int argc, char** argv) {
     }
     if (FinishOutput()) return exitCode;
     PrintError("cannot write to standard output");
-    return kExitFailure;
+    return kExitNoOutput;
 }

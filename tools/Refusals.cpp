@@ -66,11 +66,14 @@ std::string WhyNotRenamed(PROFILE_EERROR error, const WriteAttempt& attempt) {
     }
     const std::string reason = WhyNoFileName(attempt);
     if (!reason.empty()) return reason;
+    const FILE_FAULT fault = kmLastFileFault();
     const std::string path = PathOf(attempt);
-    if (attempt.targetExisted) return path + ": there is such a file already, though it is no profile";
+    if (fault == FILE_FAULT_EXISTS) return path + ": there is such a file already, though it is no profile";
     // The library moves a file that it cannot read all the same.
-    const bool wasMoved = kmProfileFileExists(attempt.folder, attempt.newID);
-    return wasMoved ? path + ": renamed, but the new ID could not be written into it" : WhyNotWritten(path);
+    if (!attempt.targetExisted && kmProfileFileExists(attempt.folder, attempt.newID))
+        return path + ": renamed, but the new ID could not be written into it";
+    return kmUtf8FromPath(kmProfilePath(attempt.folder, attempt.id)) + ": cannot be renamed to " +
+           QuotedID(attempt.newID) + ": " + kmUtf8FromText(kmFileFaultText(fault));
 }
 
 PROFILE_EERROR ForeseeSave(const WriteAttempt& attempt, bool mayReplace) {

@@ -46,7 +46,7 @@ void Rename(const RenameArguments& arguments, const kmString& folder) {
     const bool isDone = error == PROFILE_ERROR_NONE || (!fault.empty() && WasBrokenRenamed(error, attempt));
     if (!isDone) throw Failure(WhyNotRenamed(error, attempt));
     if (fault.empty()) {
-        WarnOfLostIcon(catalogue, newID, icon);
+        WarnOfLostIcon(catalogue, folder, newID, icon);
     } else {
         PrintWarning(fault);
     }

@@ -56,7 +56,7 @@ void Set(const SetArguments& arguments, bool isCopy, const kmString& folder) {
     const ProfileIcon icon = IconOf(catalogue, id);
     const PROFILE_EERROR error = Save(arguments, profile, attempt);
     if (error != PROFILE_ERROR_NONE) throw Failure(WhyNotSaved(error, attempt));
-    if (!arguments.dryRun) WarnOfLostIcon(catalogue, attempt.newID, icon);
+    if (!arguments.dryRun) WarnOfLostIcon(catalogue, folder, attempt.newID, icon);
     Print((arguments.dryRun ? "would save " : "saved ") + QuotedID(attempt.newID) + " in " +
           Printable(kmUtf8FromPath(attempt.folder)) + '\n');
 }

@@ -36,19 +36,31 @@ std::string NearestItem(const kmProfile& profile, const kmString& name) {
     return DidYouMean(kmUtf8FromText(name), known);
 }
 
-bool IsChoice(const kmProfileItem& item, const kmString& value) {
-    const std::vector<kmString>& values = item.GetAdvCandidatesValue();
+using Texts = std::vector<kmString>;
+
+bool Contains(const Texts& values, const kmString& value) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
-// The first choice that is shown as that text, in any letter case; else the text itself.
-kmString ValueOfText(const kmProfileItem& item, const kmString& text) {
-    const std::vector<kmString>& texts = item.GetAdvCandidatesDisplay();
-    const std::vector<kmString>& values = item.GetAdvCandidatesValue();
+// In one of the two views.
+bool IsChoice(const kmProfileItem& item, const kmString& value) {
+    return Contains(item.GetAdvCandidatesValue(), value) || Contains(item.GetSimpleCandidatesValue(), value);
+}
+
+// The value of the first choice that is shown as that text, in any letter case.
+const kmString* FindShown(const Texts& texts, const Texts& values, const kmString& text) {
     for (std::size_t i = 0; i < texts.size() && i < values.size(); ++i) {
-        if (kmSameName(texts[i], text)) return values[i];
+        if (kmSameName(texts[i], text)) return &values[i];
     }
-    return text;
+    return nullptr;
+}
+
+// The text itself where no view shows it.
+kmString ValueOfText(const kmProfileItem& item, const kmString& text) {
+    const kmString* value = FindShown(item.GetAdvCandidatesDisplay(), item.GetAdvCandidatesValue(), text);
+    if (value == nullptr)
+        value = FindShown(item.GetSimpleCandidatesDisplay(), item.GetSimpleCandidatesValue(), text);
+    return value == nullptr ? text : *value;
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ struct Setting {
 Setting ReadSetting(const std::string& text, const std::string& where = {});
 
 // What the setting means in that profile: a name in any letter case becomes the profile's own, and a text
-// that the advanced view shows for a choice becomes the choice's value. Refuses a setting that the profile
+// that a view shows for a choice becomes the choice's value. Refuses a setting that the profile
 // lacks and a value that is not acceptable.
 Setting Interpret(const kmProfile& profile, const Setting& setting, const std::string& where = {});
 

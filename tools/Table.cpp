@@ -87,8 +87,11 @@ void PrintRows(const std::vector<TableRow>& rows, const std::vector<std::size_t>
 }
 
 // Headings make room for themselves where there is anything below them.
-void PrintHeadings(const TableRow& headings, std::vector<std::size_t>& widths, std::size_t indent) {
-    if (headings.cells.empty()) return;
+void PrintHeadings(TableRow headings, const std::vector<TableRow>& rows, std::vector<std::size_t>& widths,
+                   std::size_t indent) {
+    if (headings.cells.empty() || widths.empty()) return;
+    if (std::all_of(rows.begin(), rows.end(), [](const TableRow& row) { return row.list.empty(); }))
+        headings.list.clear();
     for (std::size_t i = 0; i < widths.size(); ++i) {
         if (widths[i] != 0) widths[i] = std::max(widths[i], TextWidth(headings.cells[i]));
     }
@@ -100,14 +103,14 @@ void PrintHeadings(const TableRow& headings, std::vector<std::size_t>& widths, s
 void PrintTable(const std::vector<TableRow>& rows, std::size_t indent, const TableRow& headings) {
     std::vector<std::size_t> widths;
     WidenFor(rows, widths);
-    if (!rows.empty()) PrintHeadings(headings, widths, indent);
+    PrintHeadings(headings, rows, widths, indent);
     PrintRows(rows, widths, indent);
 }
 
 void PrintSections(const std::vector<TableSection>& sections, std::size_t indent, const TableRow& headings) {
     std::vector<std::size_t> widths;
     for (const TableSection& section : sections) WidenFor(section.rows, widths);
-    PrintHeadings(headings, widths, indent);
+    PrintHeadings(headings, {}, widths, indent);
     for (const TableSection& section : sections) {
         Print('\n' + Printable(section.heading) + '\n');
         PrintRows(section.rows, widths, indent);

@@ -14,8 +14,8 @@ inline constexpr std::size_t kIndent = 2;
 inline constexpr const char* kReadOnly = "read-only";
 
 // The columns of the two views.
-inline const TableRow kSimpleHeadings = {{"Name", "Value", ""}, {"Choices"}};
-inline const TableRow kAdvancedHeadings = {{"Name", "Setting", "Value", ""}, {"Choices"}};
+inline const TableRow kSimpleHeadings = {{"Name", "Value", "Note"}, {"Choices"}};
+inline const TableRow kAdvancedHeadings = {{"Name", "Setting", "Value", "Note"}, {"Choices"}};
 
 using RowOfItem = std::function<TableRow(const kmProfileItem&)>;
 

@@ -21,7 +21,10 @@ void ShowWhere(const std::string& argument, bool asJson) {
                           {"installed", JsonPath(InstalledProfilesFolder())}});
     PrintTable({{{"Folder", kmUtf8FromPath(folder.path)}},
                 {{"Why", WhyThatFolder(folder.source)}},
-                {{"Exists", exists ? "yes" : "no; \"kmprofile init\" makes it, with the sample profiles"}},
+                {{"Exists", exists ? "yes"
+                            : folder.source == FolderSource::Program
+                                ? "no"
+                                : "no; \"kmprofile init\" makes it, with the sample profiles"}},
                 {{"Samples", kmUtf8FromPath(InstalledProfilesFolder())}}},
                0);
 }

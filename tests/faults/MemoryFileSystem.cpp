@@ -330,9 +330,10 @@ void RemoveAbandoned(Handle /*folder*/, const kmString& path, const kmString& na
 
 bool FlushFolderOf(const Path& /*file*/) { return Step("FlushFolderOf").Works(); }
 
-void MakeFolder(const kmChar* path) {
+bool MakeFolder(const kmChar* path) {
     const Step step("MakeFolder");
     if (step.Works()) MakeFolderAt(path);
+    return step.Works();
 }
 
 }  // namespace machine

@@ -190,6 +190,8 @@ const Answer kAnswers[] = {
     {"misspelt_setting_unhelped", "set good zom=1", 1, "has no setting \"zom\"; did you mean \"zoom\"?"},
     {"misspelt_option_unhelped", "show good --jsn", 2, "show: unknown option \"--jsn\"; did you mean"},
     {"text_of_a_choice_refused", "set good zoom=R --dry-run", 0, "zoom from \"1\" to \"2\"\n"},
+    {"user_file_behind_a_system_id_kept", "delete system", 0, "deleted \"system\" from p/user/\n"},
+    {"missing_file_is_clean", "lint none.pf", 2, "none.pf: there is no such file or folder\n"},
     {"dry_run_saves", "set good AB=96 --dry-run", 0,
      "\"good\": ab from \"128\" to \"96\"\nwould save \"good\" in p/user/\n"},
     {"line_break_saved", "set good ab=9@6", 1, "a saved value has no line break"},
@@ -215,6 +217,7 @@ TEST(Tool, AnswersInItsOwnWords) {
         folder.MakeFolder(KM_TEXT("p\\user\\folder.pf"));
         Write(folder, "p/user/back\\slash.pf", kGood);
         Write(folder, "p/user/cut.pf", "<Profiles");
+        Write(folder, "p/user/system.pf", kGood);
         Write(folder, "p/system.pf",
               Profile("<ab Value='1'/>", "<Name language='^s'/><IsSysProfile>yes</IsSysProfile>"));
         Write(folder, "p/double.pf",
