@@ -27,8 +27,8 @@ KM_EXPORT std::string kmUtf8FromPath(const kmString& path);
 
 // A file or folder that could not be read or made, and why.
 struct kmFailedFile {
-    kmString path;
-    FILE_FAULT fault = FILE_FAULT_NONE;
+    kmString path;                       // of the file or folder that could not be read or made
+    FILE_FAULT fault = FILE_FAULT_NONE;  // the machine's reason
 };
 
 // What became of the files that were to be copied; their paths.
