@@ -28,6 +28,8 @@ endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/Profiles/ DESTINATION ${KM_PROFILES_DIR} COMPONENT samples)
 install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${KM_DOCUMENTS_DIR} COMPONENT library)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${KM_DOCUMENTS_DIR} COMPONENT development)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION ${KM_DOCUMENTS_DIR} COMPONENT development
+    PATTERN reference EXCLUDE)
 
 # find_package(kmprofile CONFIG). As with the shared library's own name, the first number tells what fits.
 set(KM_GENERATED ${PROJECT_BINARY_DIR}/package)

@@ -35,7 +35,7 @@ struct kmFailedFile {
 struct kmCopiedFiles {
     std::vector<kmString> copied;  // as they are called in the new place
     std::vector<kmString> kept;    // there was something of that name in the new place, which stays
-    std::vector<kmFailedFile> failed;
+    std::vector<kmFailedFile> failed;  // nothing of them stands in the new place
 };
 
 // Copies a profiles folder with its "user" subfolder: profiles, icons and every other file that is no folder
