@@ -33,8 +33,8 @@ struct kmFailedFile {
 
 // What became of the files that were to be copied; their paths.
 struct kmCopiedFiles {
-    std::vector<kmString> copied;  // as they are called in the new place
-    std::vector<kmString> kept;    // there was something of that name in the new place, which stays
+    std::vector<kmString> copied;      // as they are called in the new place
+    std::vector<kmString> kept;        // there was something of that name in the new place, which stays
     std::vector<kmFailedFile> failed;  // nothing of them stands in the new place
 };
 

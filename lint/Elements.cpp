@@ -19,13 +19,14 @@ std::size_t IndexOf(kmStringView name, std::span<const kmStringView> known) {
 
 SourceFile::SourceFile(const kmString& filePath, const kmChar* firstTag) : path(filePath) {
     root = XMLNode::ParseDocumentFile(path.c_str(), firstTag, &result, &lines);
+    if (result.code == XML_ERROR_FILE_NOT_FOUND) fault = kmLastFileFault();
 }
 
 void SourceFile::AddFault(Findings& findings) const {
     if (result.code == XML_ERROR_NONE) return;
-    const LINT_CODE code = result.code == XML_ERROR_FILE_NOT_FOUND ? LINT_UNREADABLE_FILE
-                           : kmIsWarning(result.code)              ? LINT_XML_WARNING
-                                                                   : LINT_XML_ERROR;
+    if (result.code == XML_ERROR_FILE_NOT_FOUND)
+        return findings.Add(LINT_UNREADABLE_FILE, {}, {}, {kmFileFaultText(fault)});
+    const LINT_CODE code = kmIsWarning(result.code) ? LINT_XML_WARNING : LINT_XML_ERROR;
     findings.Add(code, {result.line, result.column}, {}, {XMLErrorText(result.code)});
 }
 

@@ -2,6 +2,7 @@
 // A file with its tree, and the places of the tree's pieces.
 #pragma once
 
+#include "kmFileFault.h"
 #include "kmTypes.h"
 #include "lint/Findings.h"
 #include "xml/LineTable.h"
@@ -12,6 +13,7 @@ struct SourceFile {
     XMLNode root;  // empty after an error
     XMLParseResult result;
     LineTable lines;
+    FILE_FAULT fault = FILE_FAULT_NONE;  // why the file could not be read, if so
 
     // Reads the file, without a message.
     SourceFile(const kmString& path, const kmChar* firstTag);

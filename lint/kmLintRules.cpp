@@ -14,7 +14,7 @@ constexpr kmLintRule kRules[] = {
     {LINT_XML_WARNING, "xml-warning", LINT_WARNING,
      KM_TEXT("The file is read only as far as it makes sense: $1."), KM_TEXT("Close every element in its place.")},
     {LINT_UNREADABLE_FILE, "unreadable-file", LINT_ERROR,
-     KM_TEXT("The file cannot be opened or read, or is larger than 64 MB."), KM_TEXT("Look at its permissions and its size.")},
+     KM_TEXT("The file cannot be read: $1."), KM_TEXT("Look at its permissions and its size.")},
     {LINT_NO_HEADER, "no-header", LINT_ERROR,
      KM_TEXT("There is no element \"Main\", so that the file is no profile."), KM_TEXT("Add the header, with \"Name\", \"Format\" and \"ExtName\".")},
     {LINT_NO_SETTINGS, "no-settings", LINT_WARNING,
