@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+// What a load takes, into which groups, and what the report about it says.
 #include <gtest/gtest.h>
 
 #include <map>
 #include <set>
 
-#include "kmManager.h"
+#include "kmIconParser.h"
+#include "kmLoadReport.h"
 #include "tests/support/Messages.h"
 #include "tests/support/ProfilesFolder.h"
 
@@ -26,32 +28,81 @@ struct Catalogue : kmManager {
 
 using Files = std::map<std::string, std::string>;  // texts by name
 
-TEST(CatalogueLoading, FilesBecomeRecordsAndGroups) {
-    const std::string user = UserProfile(), inG = InGroup("g"),
-                      yes = "<profiles><main><issysprofile>YES</issysprofile></main></profiles>",
+// Each finding as its fault, whether the file was used, and path, line and column.
+std::string Dump(const kmLoadReport& report) {
+    std::string text;
+    for (const kmLoadFinding& finding : report.findings) {
+        text += std::string(kmLoadFaultName(finding.fault)) + (finding.isUsed ? "+ " : " ") +
+                Relative(finding.path, report.folder);
+        if (finding.line != 0)
+            text += ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
+        if (!finding.other.empty()) text += " by " + Relative(finding.other, report.folder);
+        text += ";";
+    }
+    return text;
+}
+
+std::string TakenIDs(const kmLoadReport& report) {
+    std::string ids;
+    for (const kmString& path : report.taken) {
+        const kmString name = path.substr(path.rfind(KM_TEXT('\\')) + 1);
+        ids += '|' + Utf8(name.substr(0, name.size() - 3));
+    }
+    return ids;
+}
+
+TEST(CatalogueLoading, FilesBecomeRecordsGroupsAndFindings) {
+    const std::string user = UserProfile(), inG = InGroup("g"), icons = "<items/>",
+                      entries = "<items><profiles><i id='a'/><i id='b' image='c'/></profiles></items>",
                       marked =
                           "<Profiles><Main><IsSysProfile>true</IsSysProfile></Main>" + inG + "</Profiles>",
                       unnamed = "<Group><GroupName/><GroupName language=''/></Group>";
+    // Every folder has an icon file unless the row has its own.
     // clang-format off
-    const struct { const char* fault; Files files; const char *records, *groups; } rows[] = {
-        {"without_a_group_element_not_in_others", {{"a.pf", SystemProfile()}}, "|a", "others|a;"},
-        {"missing_name_kept_or_empty_one_lost", {{"a.pf", SystemProfile(unnamed)}}, "|a", "|a;"},
-        {"true_is_a_mark_or_users_groups_made", {{"a.pf", marked}}, "|a", "User Defined|a;"},
-        {"first_dot_or_lower_case_extension", {{"a.b.PF", user}}, "|a.b", "User Defined|a.b;"},
-        {"broken_file_ends_the_load", {{"a.pf", "</x>"}, {"b.pf", user}}, "|b", "User Defined|b;"},
-        {"user_folder_first_or_missed", {{"b.pf", user}, {"USER\\a.pf", user}}, "|b|a", "User Defined|b|a;"},
+    const struct { const char* fault; Files files; const char *groups, *findings; } rows[] = {
+        {"without_a_group_element_not_in_others", {{"a.pf", SystemProfile()}}, "others|a;", ""},
+        {"missing_name_kept_or_empty_one_lost", {{"a.pf", SystemProfile(unnamed)}}, "|a;", ""},
+        {"true_is_a_mark_or_users_groups_made", {{"a.pf", marked}}, "User Defined|a;", ""},
+        {"first_dot_or_lower_case_extension", {{"a.b.PF", user}}, "User Defined|a.b;", ""},
+        {"broken_file_ends_the_load", {{"a.pf", "<Profiles>\n <"}, {"b.pf", user}}, "User Defined|b;",
+         "xml-error a.pf:2:3;"},
+        {"user_folder_first_or_missed", {{"b.pf", user}, {"USER\\a.pf", user}}, "User Defined|b|a;", ""},
         {"id_of_both_folders_twice_in_a_group",
-         {{"a.pf", SystemProfile(inG)}, {"user\\a.pf", SystemProfile(inG)}}, "|a|a", "g|a;"}};
+         {{"a.pf", SystemProfile(inG)}, {"user\\a.pf", SystemProfile(inG)}}, "g|a;", "shadowed+ user/a.pf by a.pf;"},
+        {"same_id_in_other_case_silent", {{"a.pf", user}, {"user\\A.pf", user}}, "User Defined|a|A;",
+         "shadowed+ user/A.pf by a.pf;"},
+        {"left_out_file_shadows", {{"a.pf", "<"}, {"user\\a.pf", user}}, "User Defined|a;", "xml-error a.pf;"},
+        {"warning_called_left_out", {{"a.pf", "<Profiles><Main>"}}, "User Defined|a;", "xml-warning+ a.pf:1:17;"},
+        {"missing_header_hides_the_warning", {{"a.pf", "<Profiles>"}}, "", "xml-warning+ a.pf:1:11;no-header a.pf;"},
+        {"folder_or_its_user_folder_silent", {{"x.pf\\y", ""}, {"user\\z.PF\\y", ""}}, "",
+         "no-file x.pf;no-file user/z.PF;"},
+        {"hidden_name_silent_or_others_told", {{".a.pf", user}, {".b.PF", user}, {".b", user}, {"c", ""}}, "",
+         "hidden .a.pf;hidden .b.PF;"},
+        {"nameless_group_silent", {{"a.pf", SystemProfile("<Group><GroupName/></Group>")}}, "", "no-group+ a.pf;"},
+        {"broken_icons_silent_or_users_not_told", {{"pficon.con", "<x/>"}, {"user\\userpf.con", icons}}, "",
+         "xml-error pficon.con;icons-ignored user/userpf.con;"},
+        {"icon_entry_silent", {{"pficon.con", entries}, {"user\\userpf.con", "<items><user_pf><i/></user_pf></items>"}},
+         "", "icon-entry+ pficon.con;icon-entry+ user/userpf.con;"},
+        {"users_icons_silent", {{"user\\userpf.con", "<items>"}}, "", "xml-warning+ user/userpf.con:1:8;"}};
     // clang-format on
-    const CapturedMessages messages;
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.fault << ", given " << testing::PrintToString(row.files));
         const ProfilesFolder folder;
+        folder.WriteBytes(KM_TEXT("pficon.con"), icons);
         for (const auto& [name, text] : row.files) folder.WriteBytes(Text(name), text);
-        Catalogue catalogue;
-        EXPECT_TRUE(catalogue.Load(folder.Path()));
-        EXPECT_EQ(Records(catalogue.GetProfiles()), row.records);
+        const CapturedMessages messages;
+        kmReportLoad(folder.Path());
+        EXPECT_TRUE(messages.All().empty()) << "of a report alone";
+        Catalogue catalogue, ordinary;
+        const kmLoadReport report = kmLoadWithReport(catalogue, folder.Path());
+        const std::size_t told = messages.All().size();
+        ordinary.Load(folder.Path());
+        EXPECT_EQ(messages.All().size(), told * 2) << "of an ordinary load too";
+        EXPECT_EQ(Dump(report), row.findings);
+        EXPECT_EQ(Dump(kmReportLoad(folder.Path())), row.findings) << "by a report alone";
         EXPECT_EQ(catalogue.Groups(), row.groups);
+        EXPECT_EQ(TakenIDs(report), Records(catalogue.GetProfiles()));
+        EXPECT_EQ(Records(ordinary.GetProfiles()), Records(catalogue.GetProfiles()));
     }
 }
 
@@ -108,6 +159,19 @@ TEST(CatalogueLoading, NextLoadBeginsAnew) {
     catalogue.Load(empty.Path());
     EXPECT_EQ(Records(catalogue.GetProfiles()), "");
     EXPECT_EQ(catalogue.Groups(), "");
+}
+
+TEST(LoadReport, LeavesTheCatalogueOfTheProcessAlone) {
+    const CapturedMessages messages;
+    const ProfilesFolder loaded, reported;
+    loaded.AddProfile("a", UserProfile());
+    loaded.WriteBytes(KM_TEXT("pficon.con"),
+                      "<items><profiles><i id='a' image='m' index='3'/></profiles></items>");
+    kmManager::GetInstance().Load(loaded.Path());
+    reported.AddProfile("b", UserProfile());
+    EXPECT_EQ(TakenIDs(kmReportLoad(reported.Path())), "|b");
+    EXPECT_EQ(Records(kmManager::GetInstance().GetProfiles()), "|a");
+    EXPECT_EQ(kmIconParser::GetInstance().GetIconIndex(KM_TEXT("a"), false), 3);
 }
 
 }  // namespace

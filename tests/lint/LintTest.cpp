@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <map>
 #include <set>
 
@@ -13,12 +12,6 @@
 namespace {
 
 using Lints = std::vector<kmLintFinding>;
-
-std::string Relative(const kmString& path, const kmString& folder) {
-    std::string name = Utf8(path.substr(std::min(folder.size(), path.size())));
-    std::replace(name.begin(), name.end(), '\\', '/');
-    return name;
-}
 
 // Each as its name, place and subject, and what it suggests.
 std::string Dump(const Lints& lints) {

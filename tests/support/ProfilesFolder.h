@@ -27,6 +27,13 @@ inline std::string Records(const std::vector<kmProfileInfo>& infos) {
     return ids;
 }
 
+// The path below that folder, with "/" as separator.
+inline std::string Relative(const kmString& path, const kmString& folder) {
+    std::string name = Utf8(path.substr(std::min(folder.size(), path.size())));
+    std::replace(name.begin(), name.end(), '\\', '/');
+    return name;
+}
+
 class ProfilesFolder : public TemporaryFolder {
 public:
     // The file of that ID in the folder itself, or in its subfolder for an ID such as "user\\A".
