@@ -4,8 +4,6 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/support/TreeDump.h"
 
-using namespace std::literals;
-
 namespace {
 
 using Parsed = std::pair<XMLNode, XMLParseResult>;
@@ -84,28 +82,6 @@ TEST(XmlReading, TheFirstTag) {
     for (const auto& row : rows) {
         SCOPED_TRACE(testing::Message() << row.name << " given " << row.text << " and " << row.tag);
         Expect(Parse(TextFromBytes(row.text), TextFromBytes(row.tag).c_str()), row.code, row.place, row.tree);
-    }
-}
-
-TEST(XmlReading, FilesInEveryEncoding) {
-    const TemporaryFolder folder;
-    const kmChar* const text = KM_TEXT("<a>\u65e5 \U0001F600</a>");
-    // clang-format off
-    const struct { const char* name; std::string bytes; int code; const char *place, *tree; } rows[] = {
-        {"utf8_mark_read_as_text", "\xEF\xBB\xBF" + Utf8(text), 0, "0:0", "a('\u65e5 \U0001F600')"},
-        {"half_a_unit_read_as_one", "\xFF\xFE" + Utf16Bytes(text) + " ", 0, "0:0", "a('\u65e5 \U0001F600')"},
-        {"empty_file_read", "", 3, "0:0", "(empty)"},
-        {"mark_alone_is_no_data", "\xEF\xBB\xBF", 2, "1:1", ""},
-        {"text_after_a_null_byte_read", "<a>\0</a>"s, 1, "1:4", "a"},
-        {"latin1_read", "<a>\xE9</a>", 13, "0:0", "(empty)"},
-    };
-    // clang-format on
-    for (const auto& row : rows) {
-        SCOPED_TRACE(testing::Message() << row.name << " given " << testing::PrintToString(row.bytes));
-        folder.WriteBytes(KM_TEXT("f"), row.bytes);
-        XMLParseResult result;
-        const XMLNode node = XMLNode::ParseDocumentFile(folder.Path(KM_TEXT("f")).c_str(), nullptr, &result);
-        Expect({node, result}, row.code, row.place, row.tree);
     }
 }
 
