@@ -38,8 +38,6 @@ std::string Quoted(std::string options) {
 TEST(ArgumentString, Options) {
     // clang-format off
     const struct { const char *fault, *settings, *expected; } rows[] = {
-        {"order_or_spaces_wrong", "vcodec=mpeg4;s=320x240;b=768;r=25;acodec=mp3;ab=128;ar=44100;ac=2;",
-         "-vcodec 'mpeg4' -b '768K' -acodec 'mp3' -ab '128K' -ar '44100' -ac '2'  "},
         {"unknown_option_or_its_spelling_kept", "nonsense=1;G= 12  ;",      "-g '12'  "},
         {"default_or_empty_value_written",   "b=aUTO;aspect= Auto ;track=0;g=   ;hq= ;", " "},
         {"switch_not_set_or_by_other_words", "sameq=TRUE;hq=Yes;an=1;lf=false;part=on;", "-sameq -hq  "},
@@ -55,8 +53,6 @@ TEST(ArgumentString, Options) {
          "ar=1;ac=2;", "-target 'dvd' -ac '2'  "},
         {"target_before_or_first_decides",   "vcodec=x;target=VCD;b=1;target=dv;b=2;target=Svcd;b=3;",
          "-vcodec 'x' -target 'VCD' -target 'dv' -b '2K' -target 'Svcd'  "},
-        {"picture_format_not_translated",    "pcodec=jpg;pcodec=Gif;pcodec=Bmp;",
-         "-f image2 -vcodec mjpeg -pix_fmt rgb24 -f gif -f image2 -vcodec bmp   -an "},
         {"video_kept_or_sample_rate_added",  "acodec=wma9x;ab=320;", "-acodec 'wma9x' -ab '320K'   -vn "},
         {"rate_above_the_limit_kept",        "acodec=MP3;ar=22050;ab=192;",
          "-acodec 'MP3' -ar '22050' -ab '160K'   -vn "},

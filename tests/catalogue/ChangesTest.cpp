@@ -69,16 +69,22 @@ TEST(CatalogueChanges, DeletingRemovesFileRecordAndGroupEntry) {
     EXPECT_EQ(catalogue.State(), "|Main|Sys|B; |Main|B; |B|A");
     EXPECT_EQ(catalogue.calls, Strings{"deleted A (null)"});
     EXPECT_FALSE(catalogue.DeleteProfile(KM_TEXT("A"))) << "deleted twice";
+    EXPECT_TRUE(catalogue.DeleteProfile(kmString(KM_TEXT("B\0A"), 3))) << "an ID ends at a null unit";
+    EXPECT_EQ(catalogue.State(), "|Main|Sys; |Main; |B|A");
 }
 
 TEST(CatalogueChanges, RefusedDeletionChangesNothing) {
     LoadedCatalogue catalogue;
+    catalogue.folder.AddProfile("user\\Sys", UserProfile());
     EXPECT_FALSE(catalogue.DeleteProfile(KM_TEXT("Sys"))) << "a system profile";
     EXPECT_FALSE(catalogue.DeleteProfile(KM_TEXT("Main"))) << "a file of the folder itself";
-    EXPECT_TRUE(catalogue.IsOnDisk("Sys"));
-    EXPECT_TRUE(catalogue.IsOnDisk("Main"));
     EXPECT_EQ(catalogue.State(), kUnchanged);
     EXPECT_EQ(catalogue.calls, Strings{});
+    for (const char* id : {"../user/A", "..\\user\\A", "./A"}) {
+        catalogue.ProfileChanged(PROFILE_SAVED, Text(id).c_str(), nullptr);
+        EXPECT_FALSE(catalogue.DeleteProfile(Text(id))) << id << " leads out of the user's folder";
+    }
+    for (const char* id : {"Sys", "Main", "user\\Sys", "user\\A"}) EXPECT_TRUE(catalogue.IsOnDisk(id)) << id;
 }
 
 TEST(CatalogueChanges, AddingReadsTheProfilesFolderAlone) {
@@ -95,25 +101,6 @@ TEST(CatalogueChanges, RecentListKeepsTheTenNewestOfEveryExactID) {
     for (const kmString& id : Pieces("A|a|1|2|3|4|5|6|7|8")) catalogue.AddRecentProfile(id.c_str());
     EXPECT_EQ(catalogue.Recent(), "|8|7|6|5|4|3|2|1|a|B") << "A was there already";
     EXPECT_FALSE(catalogue.AddRecentProfile(nullptr));
-}
-
-TEST(CatalogueChanges, DeletedIDEndsAtItsFirstNullUnit) {
-    LoadedCatalogue catalogue;
-    catalogue.folder.WriteBytes(KM_TEXT("user\\A"), "another file");
-    EXPECT_TRUE(catalogue.DeleteProfile(kmString(KM_TEXT("A\0B"), 3)));
-    EXPECT_FALSE(catalogue.IsOnDisk("user\\A"));
-    EXPECT_TRUE(exists(catalogue.folder.SystemPath(KM_TEXT("user\\A"))))
-        << "a file that is no profile is gone";
-    EXPECT_EQ(catalogue.State(), "|Main|Sys|B; |Main|B; |B|A");
-}
-
-TEST(CatalogueChanges, DeletionStaysInTheUsersFolder) {
-    LoadedCatalogue catalogue;
-    for (const char* id : {"../user/A", "..\\user\\A", "./A"}) {
-        catalogue.ProfileChanged(PROFILE_SAVED, Text(id).c_str(), nullptr);
-        EXPECT_FALSE(catalogue.DeleteProfile(Text(id))) << id;
-        EXPECT_TRUE(catalogue.IsOnDisk("user\\A")) << id;
-    }
 }
 
 TEST(CatalogueChanges, CallbacksMayRegisterAndChange) {

@@ -113,7 +113,6 @@ TEST(CatalogueLoading, HandlersCannotPutAnIDTwiceIntoAGroup) {
     } rows[] = {
         {"later_user_profile_added",
          [](kmManager& m) { m.ProfileChanged(PROFILE_SAVED, KM_TEXT("z"), nullptr); }},
-        {"later_system_profile_added", [](kmManager& m) { m.AddUserProfile(KM_TEXT("s")); }},
         {"id_put_into_the_list",
          [](kmManager& m) { m.GetUserGroup().GetProfileIDs().push_back(KM_TEXT("z")); }},
         {"groups_removed", [](kmManager& m) { m.GetSystemGroups().clear(); }},

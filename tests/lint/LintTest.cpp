@@ -104,10 +104,8 @@ const FileCase kFileFaults[] = {
     {"end_of_the_quotation", Profile("<title Value='a\"b'/>"), "quote-in-value 4:15 title;"},
     {"not_in_its_list", Profile("<b Value='9' advHasCandidates='yes' advCandidatesValue='7, 8'/>"),
      "value-not-offered 4:11 b;"},
-    {"default_not_in_list", Profile("<b advHasCandidates='yes' advCandidatesValue='7'/>"),
-     "value-not-offered 4:2 b;"},
-    {"lists_of_two_lengths", Profile("<b simpleCandidatesDiaplay='a,b' simpleCandidatesValue='1'/>"),
-     "list-lengths 4:57 b;"},
+    {"lists_of_two_lengths", Profile("<b simpleCandidatesDiaplay='a' simpleCandidatesValue='1,2'/>"),
+     "list-lengths 4:55 b;"},
     {"flag_without_a_list", Profile("<b simpleHasCandidates='yes'/>"), "no-candidates 4:25 b;"},
     {"before_its_target", Profile("<b Value='9'/><vcodec/><g/><target Value=' dvd'/><ab Value='9'/>"),
      "before-target 4:2 b;"},
@@ -115,12 +113,10 @@ const FileCase kFileFaults[] = {
      "corrected-value 4:51 ab;"}};
 
 const std::pair<const char*, std::string> kFileRight[] = {
-    {"right_file_blamed",
-     Profile("<b Value='900' advReadOnly='no' simpleReadOnly='YES' advPriority='0x1'/>")},
+    {"right_file_blamed", Profile("<b Value='900' advReadOnly='no' simpleReadOnly='YES' advPriority='0x1'/>",
+                                  "<IsSysProfile>No</IsSysProfile>")},
     {"abbreviation_or_default_refused",
      Profile("<s Value='cif'/><r Value='auto'/><t/><ac Value='2 (Stereo)'/>")},
-    {"letter_case_of_words_blamed",
-     "<PROFILES><main>" + kHeader + "</main><parameter><b VALUE='9'/></parameter></PROFILES>"},
     {"target_first_or_of_no_disc_blamed", Profile("<b Value='9'/><target Value='film'/>")},
     {"list_that_is_not_offered_blamed", Profile("<b Value='9' advCandidatesValue='7'/>")},
     {"middle_of_the_bit_rates_blamed",
@@ -248,15 +244,6 @@ TEST(Lint, EveryRuleFindsWhatItIsFor) {
     for (int code = 1; kmFindLintRule(code) != nullptr; ++code) names.insert(kmFindLintRule(code)->name);
     EXPECT_EQ(names, namesSeen) << "a rule without a row, or two rules of one name";
     EXPECT_EQ(names.size(), static_cast<std::size_t>(LINT_MORE_FINDINGS));
-}
-
-TEST(Lint, OfOneProfileIsThatOfItsFile) {
-    const ProfilesFolder folder;
-    folder.WriteBytes(KM_TEXT("pficon.con"), "<items/>");
-    for (const char* id : {"a", "b", "user\\b"}) folder.AddProfile(id, id[0] == 'b' ? "<" : Profile("<x/>"));
-    EXPECT_EQ(DumpWithPaths(kmLintProfile(folder.Path(), KM_TEXT("b")), folder.Path()),
-              "user/b.pf: profile-without-icon 0:0 b;user/b.pf: unknown-option 4:2 x;")
-        << "of_the_broken_file_before_it";
 }
 
 // But for what they show on purpose: two corrections, and what a target leaves alone.

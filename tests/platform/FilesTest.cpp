@@ -38,19 +38,6 @@ TEST(Files, OpensWhatTheNameMeans) {
         EXPECT_EQ(SizeOf(folder.Path(Text(row.name))), row.size) << row.fault << ": " << row.name;
 }
 
-TEST(Files, ReadsOnWhereTheLastReadStopped) {
-    const TemporaryFolder folder;
-    const std::string_view content("a\r\n\x1A\0b", 6);  // what a text mode would change or end at
-    folder.WriteBytes(KM_TEXT("f"), content);
-    InputFile file;
-    ASSERT_TRUE(file.Open(folder.Path(KM_TEXT("f")).c_str()));
-    std::string bytes(9, '?');
-    std::size_t first = 0, rest = 0;
-    ASSERT_TRUE(file.Read(bytes.data(), 4, first));
-    ASSERT_TRUE(file.Read(bytes.data() + 4, 5, rest));
-    EXPECT_EQ(bytes.substr(0, first + rest), content);
-}
-
 TEST(Files, LeftoversOfKilledProcessesGoWhenTheyAreOld) {
     const TemporaryFolder folder;
     const auto now = std::filesystem::file_time_type::clock::now();
@@ -74,15 +61,12 @@ bool Store(const TemporaryFolder& folder, const kmString& name, Storing storing 
 }
 
 const Refusal kRefusals[] = {
-    {"folder_missing", FILE_FAULT_NOT_FOUND, [](auto& f) { return Store(f, KM_TEXT("none\\a")); }},
     {"folder_in_the_place", FILE_FAULT_NO_FILE, [](auto& f) { return Store(f, KM_TEXT("sub")); }},
     {"name_taken", FILE_FAULT_EXISTS, [](auto& f) { return Store(f, KM_TEXT("A"), Storing::New); }},
     {"new_name_taken", FILE_FAULT_EXISTS,
      [](auto& f) { return RenameFile(f.Path(KM_TEXT("b")).c_str(), f.Path(KM_TEXT("a")).c_str()); }},
     {"nothing_to_rename", FILE_FAULT_NOT_FOUND,
      [](auto& f) { return RenameFile(f.Path(KM_TEXT("c")).c_str(), f.Path(KM_TEXT("d")).c_str()); }},
-    {"nothing_to_remove", FILE_FAULT_NOT_FOUND,
-     [](auto& f) { return RemoveFile(f.Path(KM_TEXT("c")).c_str()); }},
     {"folder_to_remove", FILE_FAULT_NO_FILE,
      [](auto& f) { return RemoveFile(f.Path(KM_TEXT("sub")).c_str()); }},
     {"nothing_to_open", FILE_FAULT_NOT_FOUND,

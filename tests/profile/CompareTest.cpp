@@ -91,7 +91,6 @@ TEST_F(Saving, ProfilesAndTheirFiles) {
     using Change = void (*)(kmProfile&, const Files&);
     // clang-format off
     const struct { const char* fault; Change change; FILE_COMPARISON expected; } rows[] = {
-        {"loading_modifies", [](kmProfile&, const Files&) {}, FILE_COMPARISON_EQUAL},
         {"flag_believed_when_clear", [](kmProfile& p, const Files&) { SetX(p, KM_TEXT("2"), false); },
          FILE_COMPARISON_DIFFERENT},
         {"flag_believed_when_set", [](kmProfile& p, const Files&) { SetX(p, KM_TEXT("1"), true); },
@@ -100,8 +99,6 @@ TEST_F(Saving, ProfilesAndTheirFiles) {
          FILE_COMPARISON_DIFFERENT},
         {"saved_name_is_a_change", [](kmProfile& p, const Files&) { p.Save(p.GetID(), false); },
          FILE_COMPARISON_EQUAL},
-        {"never_loaded_has_a_file", [](kmProfile& p, const Files&) { p = kmProfile(); },
-         FILE_COMPARISON_UNREADABLE},
         {"file_of_another_folder_taken", [](kmProfile& p, const Files& all) {
             all.AddProfile("user\\user\\P", UserProfile());
             std::filesystem::remove(all.SystemPath(KM_TEXT("user\\P.pf")));

@@ -53,8 +53,7 @@ TEST_F(Saving, OverwrittenFileGetsTheNewSpelling) {
     ASSERT_EQ(Load("Mine").Save(KM_TEXT("OTHER"), true), PROFILE_ERROR_NONE);
     EXPECT_EQ(Catalogue(), "|Sys|Mine|OTHER");
     EXPECT_EQ(Saved("Other"), Saved("OTHER")) << "two files";
-#if !defined( \
-    _WIN32)  // there the system decides whether a replaced file keeps its spelling, which is harmless
+#if !defined(_WIN32)  // where the system decides which spelling a replaced file has, which is harmless
     EXPECT_EQ(Files().count("OTHER.pf"), 1u);
     EXPECT_EQ(Files().count("Other.pf"), 0u);
 #endif

@@ -121,7 +121,7 @@ TEST(SizeEstimate, SaysWhatCountedAndAddsUp) {
         SCOPED_TRACE(testing::Message() << row.fault << ", given " << row.format << ' ' << row.settings);
         kmProfile profile = ProfileWith(row.settings);
         profile.SetFormat(Text(row.format));
-        profile.GetProfileItems()[0].GetAdvCandidatesValue() = Pieces("500|800|900");
+        profile.GetProfileItems()[0].GetAdvCandidatesValue() = Pieces("500|600|800|900");
         const auto [explained, calculated] = Ask(row.which, profile, row.duration, row.source);
         EXPECT_EQ(Told(explained), row.told);
         EXPECT_EQ(explained.total, calculated);

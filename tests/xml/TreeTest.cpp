@@ -67,9 +67,6 @@ TEST(XmlTree, AttributesAreSetOrAdded) {
         EXPECT_EQ(Dump(node), row.tree) << row.name << " given " << Utf8(row.value) << ' '
                                         << Utf8(row.newName) << ' ' << Utf8(row.oldName);
     }
-    XMLNode node = Parse(KM_TEXT("<r a='1'/>"));
-    node.SetAttributeAt(KM_TEXT("9"), nullptr, 1);
-    EXPECT_EQ(Dump(node), "r[a=1]") << "added without a name";
 }
 
 TEST(XmlTree, AttributesAreSetFromTheNodesOwnTextsAndRemoved) {
