@@ -36,17 +36,10 @@ set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION video)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "${this_library} (= ${PROJECT_VERSION})")
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "The command-line tool, and profiles to try it with.")
 
-# What Debian wants to read of every package, out of the licence. Not for the archives, which have the licence itself.
-file(READ ${PROJECT_SOURCE_DIR}/LICENSE licence)
-string(REGEX MATCH "Copyright [(]c[)] ([^\n]+)\n\n(.*)" licence "${licence}")
-set(KM_COPYRIGHT ${CMAKE_MATCH_1})
-string(STRIP "${CMAKE_MATCH_2}" licence)
-string(REPLACE "\n\n" "\n.\n" licence "${licence}")
-string(REPLACE "\n" "\n " KM_LICENCE_TEXT "${licence}")
-configure_file(${CMAKE_CURRENT_LIST_DIR}/copyright.in ${PROJECT_BINARY_DIR}/package/copyright @ONLY)
+# What Debian wants to read of every package. Not for the archives, which have the licence itself.
 foreach(component IN ITEMS library development tool)
     string(TOUPPER ${component} name)
-    install(FILES ${PROJECT_BINARY_DIR}/package/copyright
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE RENAME copyright
         DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${name}_PACKAGE_NAME}
         COMPONENT ${component} EXCLUDE_FROM_ALL)
 endforeach()

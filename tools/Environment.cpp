@@ -8,7 +8,7 @@ std::string EnvironmentVariable(const char* name) {
     return value == nullptr ? std::string() : value;
 }
 
-// As the XDG Base Directory Specification has it: a relative path there is not valid.
+// A relative path there is not valid.
 std::string UserDataFolder() {
     std::string data = EnvironmentVariable("XDG_DATA_HOME");
     if (data.starts_with('/')) return data;
