@@ -56,12 +56,12 @@ bool IsPassedOver(const kmString& folder, const kmString& id) {
            (isIn(folder) || isIn(kmUserFolder(folder)));
 }
 
+}  // namespace
+
 bool IsListed(const kmString& folder, const kmString& id) {
     IDs ids;
     return kmListProfileIDs(folder, ids) && std::find(ids.begin(), ids.end(), id) != ids.end();
 }
-
-}  // namespace
 
 kmString FindProfileID(const kmString& folder, const std::string& name) {
     const kmString id = kmPathFromUtf8(name);

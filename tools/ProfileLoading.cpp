@@ -28,5 +28,10 @@ kmProfile LoadProfile(const kmString& folder, const kmString& id) {
 }
 
 kmProfile LoadNamedProfile(const kmString& folder, const std::string& name) {
-    return LoadProfile(folder, FindProfileID(folder, name));
+    const kmString id = FindProfileID(folder, name);
+    // The library looks in the folder first, in any letter case, where the user's file may be the one that is
+    // meant.
+    const kmString userFolder = kmUserFolder(folder);
+    const bool isUsers = !IsListed(folder, id) && IsListed(userFolder, id);
+    return LoadProfile(isUsers ? userFolder : folder, id);
 }
